@@ -1,0 +1,249 @@
+#include <QFile>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "zulcommon/EZULException.h"
+#include "zulcommon/StringTable.h"
+
+using namespace zulcommon;
+
+namespace {
+
+// Every number that the pick dialogs load.
+constexpr std::int32_t UsedNumbers[] = {
+    2,    7,    27,   29,   32,   33,   52,   57,   59,    67,    80,   81,   90,   94,   96,   97,   136,  140,
+    152,  153,  155,  214,  215,  246,  258,  260,  311,   337,   344,  364,  366,  381,  392,  406,  407,  426,
+    446,  448,  449,  454,  491,  516,  517,  518,  519,   520,   523,  524,  572,  575,  578,  579,  2000, 2001,
+    2007, 3000, 3001, 3002, 3003, 3004, 3006, 3007, 3008,  3011,  3013, 3014, 3015, 3016, 3017, 3018, 3019, 3020,
+    3021, 3022, 3023, 3024, 3025, 3026, 3027, 3028, 3029,  3030,  3035, 3036, 3039, 3041, 3043, 3045, 3054, 3055,
+    3056, 3059, 3069, 3072, 3076, 3078, 3079, 3082, 3083,  3087,  3089, 3114, 3115, 3119, 3121, 3127, 3128, 3129,
+    3131, 3139, 3145, 3147, 3152, 3156, 3163, 3165, 3192,  3194,  3195, 3200, 3209, 3210, 3223, 3233, 3234, 3247,
+    3248, 5000, 5033, 5034, 5035, 5036, 6023, 6097, 65520, 65521, 65522};
+
+constexpr int ChoiceWidth = 58;
+
+QString Text(std::int32_t Number) {
+  return QString::fromStdString(LoadZULResString(Number));
+}
+
+// The message with which a table is refused; empty when it is taken.
+QString Refusal(const QString& FileName) {
+  try {
+    LoadStringTable(FileName.toStdString());
+  } catch (const EZULException& Error) {
+    return QString::fromUtf8(Error.what());
+  }
+  return {};
+}
+
+}  // namespace
+
+class tst_StringTable : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void cleanup();
+  void shouldHaveATextForEveryNumberInUse();
+  void shouldGiveAPlaceholderForANumberWithoutText();
+  void shouldHoldTheTextsThatAreFixed();
+  void shouldHoldOnePlaceholderWhereATextIsFormatted();
+  void shouldHoldEachNumberOnce();
+  void shouldOfferShortAndDifferentChoices_data();
+  void shouldOfferShortAndDifferentChoices();
+  void shouldLayAHostsTableOverItsOwn();
+  void shouldKeepWhatALaterTableDoesNotHold();
+  void shouldReadTheFormsThatAFileMayHave();
+  void shouldRefuseALineOfAnotherForm_data();
+  void shouldRefuseALineOfAnotherForm();
+  void shouldRefuseAFileThatCannotBeRead();
+
+ private:
+  QString FileOf(const QByteArray& Content);
+
+  QTemporaryDir Dir_;
+};
+
+QString tst_StringTable::FileOf(const QByteArray& Content) {
+  const QString FileName = Dir_.filePath("texts.txt");
+  QFile File(FileName);
+  if (!File.open(QIODevice::WriteOnly) || File.write(Content) != Content.size()) qFatal("cannot write a test file");
+  return FileName;
+}
+
+void tst_StringTable::cleanup() {
+  ResetStringTable();
+}
+
+void tst_StringTable::shouldHaveATextForEveryNumberInUse() {
+  for (const std::int32_t Number : UsedNumbers) {
+    const QString Used = Text(Number);
+    QVERIFY2(!Used.isEmpty() && !Used.startsWith('#'), qPrintable(QString::number(Number)));
+    QCOMPARE(Used, Used.trimmed());
+  }
+}
+
+void tst_StringTable::shouldGiveAPlaceholderForANumberWithoutText() {
+  QCOMPARE(LoadZULResString(1234), std::string("#1234"));
+  QCOMPARE(LoadZULResString(0), std::string("#0"));
+  QCOMPARE(LoadZULResString(-1), std::string("#-1"));
+}
+
+void tst_StringTable::shouldHoldTheTextsThatAreFixed() {
+  QCOMPARE(Text(65520), QString("Please Wait"));
+  QCOMPARE(Text(65521), QString("Select %s"));
+  QCOMPARE(Text(65522), QString("Available %s"));
+  QCOMPARE(Text(2000), QString("OK"));
+  QCOMPARE(Text(2001), QString("Cancel"));
+  QCOMPARE(Text(2007), QString("Find"));
+}
+
+void tst_StringTable::shouldHoldOnePlaceholderWhereATextIsFormatted() {
+  for (const std::int32_t Number : UsedNumbers) {
+    const bool Formatted = Number == 6023 || Number == 65521 || Number == 65522;
+    QCOMPARE(Text(Number).count("%s"), qsizetype{Formatted ? 1 : 0});
+    QCOMPARE(Text(Number).count('%'), qsizetype{Formatted ? 1 : 0});
+  }
+}
+
+void tst_StringTable::shouldHoldEachNumberOnce() {
+  QFile Table(":/zul/strings/en.txt");
+  QVERIFY(Table.open(QIODevice::ReadOnly));
+  QSet<QByteArray> Seen;
+  while (!Table.atEnd()) {
+    const QByteArray Line = Table.readLine();
+    const qsizetype Tab = Line.indexOf('\t');
+    if (Tab < 0) continue;
+    QVERIFY2(!Seen.contains(Line.left(Tab)), Line.constData());
+    Seen.insert(Line.left(Tab));
+  }
+  QCOMPARE(Seen.size(), static_cast<qsizetype>(std::size(UsedNumbers)));
+}
+
+void tst_StringTable::shouldOfferShortAndDifferentChoices_data() {
+  QTest::addColumn<QList<int>>("Choices");
+  QTest::newRow("city") << QList<int>{3059};
+  QTest::newRow("cost centre") << QList<int>{3004, 3007};
+  QTest::newRow("cutting location") << QList<int>{3156};
+  QTest::newRow("entity") << QList<int>{3006, 3007};
+  QTest::newRow("finance rate") << QList<int>{3192};
+  QTest::newRow("GST rate") << QList<int>{3127, 3128};
+  QTest::newRow("item category") << QList<int>{3248, 3007};
+  QTest::newRow("item class") << QList<int>{3145, 3007};
+  QTest::newRow("job") << QList<int>{3000, 3001};
+  QTest::newRow("state") << QList<int>{3223};
+  QTest::newRow("suburb") << QList<int>{3200};
+  QTest::newRow("period") << QList<int>{3054, 3055, 3056};
+  QTest::newRow("departments") << QList<int>{3210};
+  QTest::newRow("users") << QList<int>{3013, 3014};
+  QTest::newRow("sales person") << QList<int>{3025, 3019, 3020};
+  QTest::newRow("customer") << QList<int>{3026, 3028, 3027, 3043, 3045};
+  QTest::newRow("vendor") << QList<int>{3015, 3016, 3017, 3041, 3165};
+  QTest::newRow("contact e-mail") << QList<int>{3119, 3121, 3163};
+  QTest::newRow("vendor e-mail") << QList<int>{3015, 3016, 3030};
+  QTest::newRow("order-entry document") << QList<int>{3027, 3147, 3000, 3001, 3021, 3002};
+  QTest::newRow("order-entry job") << QList<int>{3000, 3001, 3022, 3021};
+  QTest::newRow("receivable invoice") << QList<int>{3036, 3079, 3002, 3007, 3003};
+  QTest::newRow("booking") << QList<int>{3015, 3152, 3026, 3027, 32, 33, 3021, 3000};
+  QTest::newRow("purchase order") << QList<int>{3035, 3002, 3069, 3021, 3147, 3000, 3027};
+  QTest::newRow("customer purchase order") << QList<int>{3035, 3002, 3069, 3021, 3147, 3027};
+  QTest::newRow("customer with purchase order") << QList<int>{3026, 3027, 3043, 3045};
+  QTest::newRow("document with purchase order") << QList<int>{3026, 3027, 3021, 3022, 3025, 3002};
+  QTest::newRow("stock purchase order") << QList<int>{3035, 3002, 3016};
+  QTest::newRow("purchase-order extras") << QList<int>{3119, 3007};
+  QTest::newRow("item and location") << QList<int>{3008, 3247, 3007, 3089, 3114, 3115};
+  QTest::newRow("item location") << QList<int>{3247, 3115};
+  QTest::newRow("location") << QList<int>{3119, 3131, 3247};
+  QTest::newRow("item cost") << QList<int>{3131, 3002, 3087, 3234, 3233};
+  QTest::newRow("kit detail") << QList<int>{3008, 3007};
+  QTest::newRow("EFT batch") << QList<int>{3079, 3007, 3209};
+  QTest::newRow("posted batch") << QList<int>{3079, 3054, 3007, 3139};
+  QTest::newRow("posted cheque batch") << QList<int>{3079, 3002, 3007};
+}
+
+void tst_StringTable::shouldOfferShortAndDifferentChoices() {
+  QFETCH(QList<int>, Choices);
+  QFont Font("Arial");
+  Font.setPixelSize(11);
+  const QString Family = QFontInfo(Font).family();
+  if (Family != "Arial" && Family != "Liberation Sans") QSKIP("no font with the widths of Arial is installed");
+
+  QSet<QString> Seen;
+  for (const int Number : Choices) {
+    const QString Choice = Text(Number);
+    QVERIFY2(!Seen.contains(Choice), qPrintable(Choice));
+    Seen.insert(Choice);
+    QVERIFY2(QFontMetrics(Font).horizontalAdvance(Choice) <= ChoiceWidth, qPrintable(Choice));
+  }
+}
+
+void tst_StringTable::shouldLayAHostsTableOverItsOwn() {
+  const QString Untouched = Text(2000);
+  LoadStringTable(FileOf("# Swiss German\n2001\tAbbräche\n\n9001\tNeu\n").toStdString());
+  QCOMPARE(Text(2001), QString("Abbräche"));
+  QCOMPARE(Text(9001), QString("Neu"));
+  QCOMPARE(Text(2000), Untouched);
+
+  ResetStringTable();
+  QCOMPARE(Text(2001), QString("Cancel"));
+  QCOMPARE(Text(9001), QString("#9001"));
+}
+
+void tst_StringTable::shouldKeepWhatALaterTableDoesNotHold() {
+  LoadStringTable(FileOf("1\tone\n2\ttwo\n").toStdString());
+  LoadStringTable(FileOf("2\tzwei\n").toStdString());
+  QCOMPARE(Text(1), QString("one"));
+  QCOMPARE(Text(2), QString("zwei"));
+}
+
+void tst_StringTable::shouldReadTheFormsThatAFileMayHave() {
+  LoadStringTable(FileOf("\xEF\xBB\xBF"
+                         "1\ta\\nb\\tc\\\\d\r\n#2\tno\r\n\r\n3\t two\ttabs \n4\tlast # line")
+                      .toStdString());
+  QCOMPARE(Text(1), QString("a\nb\tc\\d"));
+  QVERIFY(Text(2) != "no");
+  QCOMPARE(Text(3), QString(" two\ttabs "));
+  QCOMPARE(Text(4), QString("last # line"));
+  LoadStringTable(FileOf("").toStdString());
+  QCOMPARE(Text(4), QString("last # line"));
+}
+
+void tst_StringTable::shouldRefuseALineOfAnotherForm_data() {
+  QTest::addColumn<QByteArray>("Line");
+  QTest::newRow("no tab") << QByteArray("2000 OK");
+  QTest::newRow("no number") << QByteArray("\tOK");
+  QTest::newRow("a word for a number") << QByteArray("OK\t2000");
+  QTest::newRow("blank before the number") << QByteArray(" 2000\tOK");
+  QTest::newRow("number of too many bits") << QByteArray("99999999999\tOK");
+  QTest::newRow("number alone") << QByteArray("2000");
+  QTest::newRow("no text") << QByteArray("2000\t");
+  QTest::newRow("unknown escape") << QByteArray("2000\ta\\x");
+  QTest::newRow("backslash at the end") << QByteArray("2000\ta\\");
+  QTest::newRow("blank line that is not empty") << QByteArray(" ");
+  QTest::newRow("Latin-1") << QByteArray("2000\t\xE9t\xE9");
+  QTest::newRow("UTF-8 cut off") << QByteArray("2000\ta\xC3");
+}
+
+void tst_StringTable::shouldRefuseALineOfAnotherForm() {
+  QFETCH(QByteArray, Line);
+  const QString FileName = FileOf("2001\tNo\n# note\n" + Line + "\n2007\tSeek\n");
+  const QString Message = Refusal(FileName);
+  QVERIFY2(Message.contains(FileName), qPrintable(Message));
+  QVERIFY2(Message.contains("line 3"), qPrintable(Message));
+  QCOMPARE(Text(2000), QString("OK"));
+  QCOMPARE(Text(2001), QString("Cancel"));
+  QCOMPARE(Text(2007), QString("Find"));
+}
+
+void tst_StringTable::shouldRefuseAFileThatCannotBeRead() {
+  const QString Missing = Dir_.filePath("missing.txt");
+  QVERIFY(Refusal(Missing).contains(Missing));
+  QVERIFY(Refusal(Dir_.path()).contains(Dir_.path()));
+  QVERIFY(!Refusal("").isEmpty());
+  QCOMPARE(Text(2001), QString("Cancel"));
+}
+
+QTEST_MAIN(tst_StringTable)
+#include "tst_StringTable.moc"
