@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <memory>
+#include <string>
+
+#include "ads/sql/Dialect.h"
+#include "ads/zulads_export.h"
+
+namespace ads {
+
+class TCursor;
+
+/// The host's database connection, borrowed.
+///
+/// Wraps a QSqlDatabase that the host has opened and keeps open for as long as this object lives; what a dataset reads
+/// is what the host's own transaction sees. Never opens, closes, begins, commits or configures anything that the host could notice: a
+/// SQLite connection is only given two SQL functions of its own (`zul_upper`, `zul_like`), which stay with it until it is closed.
+///
+/// Use it on the thread of the connection, which for the dialogs is the user-interface thread.
+class ZULADS_EXPORT TAdsConnection {
+ public:
+  explicit TAdsConnection(QSqlDatabase Database);
+  ~TAdsConnection();
+  TAdsConnection(const TAdsConnection&) = delete;  // datasets point to it
+  TAdsConnection& operator=(const TAdsConnection&) = delete;
+
+  const QSqlDatabase& Database() const { return Database_; }
+
+  /// How this connection's server speaks; chosen by the driver.
+  const sql::TDialect& Dialect() const { return *Dialect_; }
+
+  /// Runs one SELECT of the dialogs' SQL and gives its rows, forward only. Throws `EDatabaseError` for anything but a
+  /// single reading statement, before the server sees it, and for what the server itself refuses.
+  std::unique_ptr<TCursor> OpenCursor(const std::string& Sql);
+
+ private:
+  QSqlDatabase Database_;
+  std::unique_ptr<sql::TDialect> Dialect_;
+};
+
+}  // namespace ads

@@ -1,0 +1,7 @@
+#include "ads/Cursor.h"
+
+namespace ads {
+
+TCursor::~TCursor() = default;
+
+}  // namespace ads

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+
+namespace ads {
+
+/// How a server hands over one value.
+enum class TValueKind : std::uint8_t { Null, Integer, Real, Text };
+
+/// The rows of one running statement, read forward once. Destroying it ends the statement, whatever was read.
+class TCursor {
+ public:
+  virtual ~TCursor();
+  virtual int ColumnCount() const = 0;
+  virtual std::string ColumnName(int Column) const = 0;
+
+  /// Goes to the next row; false behind the last. Throws `EDatabaseError`.
+  virtual bool Next() = 0;
+
+  virtual TValueKind Kind(int Column) = 0;
+  virtual std::int64_t Integer(int Column) = 0;  ///< only where Kind is Integer
+  virtual double Real(int Column) = 0;           ///< only where Kind is Integer or Real
+
+  /// The value as text, UTF-8 (a date as YYYY-MM-DD); valid until the next call for this column or `Next`. Not for Null.
+  virtual std::string_view Text(int Column) = 0;
+};
+
+/// The SQLite handle behind a connection; null when its driver is another one.
+sqlite3* SQLiteHandle(const QSqlDatabase& Database);
+
+/// Gives the connection the functions that the SQLite dialect calls, once for as long as it is open.
+void RegisterSQLiteFunctions(sqlite3* Handle);
+
+/// Runs a rewritten statement through SQLite's C API.
+std::unique_ptr<TCursor> OpenSQLiteCursor(sqlite3* Handle, const std::string& Sql);
+
+/// Runs a rewritten statement through Qt's generic result.
+std::unique_ptr<TCursor> OpenQSqlCursor(const QSqlDatabase& Database, const std::string& Sql);
+
+}  // namespace ads

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "ads/zulads_export.h"
+
+namespace ads {
+
+/// A failure of the database, or a use of a dataset that it cannot serve. `what()` holds the database's own
+/// message where there is one, UTF-8.
+class ZULADS_EXPORT EDatabaseError : public std::runtime_error {
+ public:
+  explicit EDatabaseError(const std::string& Message);
+  ~EDatabaseError() override;
+};
+
+}  // namespace ads

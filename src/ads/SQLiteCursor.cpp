@@ -1,0 +1,162 @@
+#include <sqlite3.h>
+
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QVariant>
+#include <cstring>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "ads/Cursor.h"
+#include "ads/EDatabaseError.h"
+#include "ads/sql/LikePattern.h"
+#include "zulcommon/Text.h"
+
+namespace ads {
+
+namespace {
+
+[[noreturn]] void Fail(sqlite3* Handle) { throw EDatabaseError(sqlite3_errmsg(Handle)); }
+
+std::string_view ValueText(sqlite3_value* Value) {
+  const auto* Bytes = reinterpret_cast<const char*>(sqlite3_value_text(Value));
+  if (Bytes == nullptr) return {};
+  return {Bytes, static_cast<std::size_t>(sqlite3_value_bytes(Value))};
+}
+
+// zul_upper(text): the upper-casing of the dialogs. The buffer is reused: a sort over a million rows calls this once a row.
+void Upper(sqlite3_context* Context, int, sqlite3_value** Args) {
+  if (sqlite3_value_type(Args[0]) == SQLITE_NULL) return;
+  static thread_local std::string Buffer;
+  Buffer.clear();
+  zulcommon::AppendUpperCase(Buffer, ValueText(Args[0]));
+  sqlite3_result_text64(Context, Buffer.data(), Buffer.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  if (Buffer.capacity() > 1 << 20) std::string().swap(Buffer);
+}
+
+// zul_like(text, pattern): exact case. The pattern is the same in every row, so it is read once a statement.
+void Like(sqlite3_context* Context, int, sqlite3_value** Args) {
+  if (sqlite3_value_type(Args[0]) == SQLITE_NULL || sqlite3_value_type(Args[1]) == SQLITE_NULL) return;
+  auto* Pattern = static_cast<sql::TLikePattern*>(sqlite3_get_auxdata(Context, 1));
+  if (Pattern != nullptr) {
+    sqlite3_result_int(Context, Pattern->Matches(ValueText(Args[0])));
+    return;
+  }
+  auto Fresh = std::make_unique<sql::TLikePattern>(ValueText(Args[1]));
+  sqlite3_result_int(Context, Fresh->Matches(ValueText(Args[0])));
+  sqlite3_set_auxdata(Context, 1, Fresh.release(), [](void* Old) { delete static_cast<sql::TLikePattern*>(Old); });
+}
+
+// The connections that have the functions. SQLite tells when one is closed, so that a handle that is used anew
+// later is not taken for the old one.
+struct TRegistered {
+  std::mutex Mutex;
+  std::set<sqlite3*> Handles;
+};
+TRegistered& Registered() {
+  static TRegistered Instance;
+  return Instance;
+}
+
+void Forget(void* Handle) {
+  const std::lock_guard Lock(Registered().Mutex);
+  Registered().Handles.erase(static_cast<sqlite3*>(Handle));
+}
+
+// Qt's driver may bring a SQLite of its own; a handle of that one must not reach the functions of another.
+void RequireSameLibrary(const QSqlDatabase& Database) {
+  static const std::string Theirs = [&] {
+    QSqlQuery Query(QStringLiteral("SELECT sqlite_source_id()"), Database);
+    return Query.next() ? Query.value(0).toString().toStdString() : std::string();
+  }();
+  if (!Theirs.empty() && Theirs != sqlite3_sourceid()) {
+    throw EDatabaseError("Qt's SQLite driver was built with another SQLite library than this program uses: " + Theirs);
+  }
+}
+
+class TSQLiteCursor final : public TCursor {
+ public:
+  TSQLiteCursor(sqlite3* Handle, const std::string& Sql) : Handle_(Handle) {
+    const char* Tail = nullptr;
+    const int Result = sqlite3_prepare_v2(Handle, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
+    if (Result != SQLITE_OK) Fail(Handle);
+    if (Statement_ == nullptr || Tail != Sql.data() + Sql.size()) Refuse("The query is not one single statement.");
+    if (sqlite3_stmt_readonly(Statement_) == 0) Refuse("The query does not only read.");
+  }
+  ~TSQLiteCursor() override { sqlite3_finalize(Statement_); }
+  TSQLiteCursor(const TSQLiteCursor&) = delete;
+  TSQLiteCursor& operator=(const TSQLiteCursor&) = delete;
+
+  int ColumnCount() const override { return sqlite3_column_count(Statement_); }
+  std::string ColumnName(int Column) const override {
+    const char* Name = sqlite3_column_name(Statement_, Column);
+    return Name != nullptr ? Name : "";
+  }
+  bool Next() override {
+    const int Result = sqlite3_step(Statement_);
+    if (Result == SQLITE_ROW) return true;
+    if (Result != SQLITE_DONE) Fail(Handle_);
+    return false;
+  }
+  TValueKind Kind(int Column) override {
+    switch (sqlite3_column_type(Statement_, Column)) {
+      case SQLITE_INTEGER:
+        return TValueKind::Integer;
+      case SQLITE_FLOAT:
+        return TValueKind::Real;
+      case SQLITE_NULL:
+        return TValueKind::Null;
+      default:
+        return TValueKind::Text;  // a blob as well: its bytes
+    }
+  }
+  std::int64_t Integer(int Column) override { return sqlite3_column_int64(Statement_, Column); }
+  double Real(int Column) override { return sqlite3_column_double(Statement_, Column); }
+  std::string_view Text(int Column) override {
+    const auto* Bytes = reinterpret_cast<const char*>(sqlite3_column_text(Statement_, Column));
+    if (Bytes == nullptr) return {};
+    return {Bytes, static_cast<std::size_t>(sqlite3_column_bytes(Statement_, Column))};
+  }
+
+ private:
+  [[noreturn]] void Refuse(const char* Why) {
+    sqlite3_finalize(Statement_);
+    Statement_ = nullptr;
+    throw EDatabaseError(Why);
+  }
+
+  sqlite3* Handle_;
+  sqlite3_stmt* Statement_ = nullptr;
+};
+
+}  // namespace
+
+sqlite3* SQLiteHandle(const QSqlDatabase& Database) {
+  if (Database.driver() == nullptr) return nullptr;
+  const QVariant Handle = Database.driver()->handle();
+  if (!Handle.isValid() || std::strcmp(Handle.typeName(), "sqlite3*") != 0) return nullptr;
+  RequireSameLibrary(Database);
+  return *static_cast<sqlite3* const*>(Handle.constData());
+}
+
+void RegisterSQLiteFunctions(sqlite3* Handle) {
+  {
+    const std::lock_guard Lock(Registered().Mutex);
+    if (!Registered().Handles.insert(Handle).second) return;
+  }
+  constexpr int Flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+  // Forget is called when the connection is closed, and also when this very call fails.
+  if (sqlite3_create_function_v2(Handle, "zul_like", 2, Flags, nullptr, Like, nullptr, nullptr, nullptr) != SQLITE_OK ||
+      sqlite3_create_function_v2(Handle, "zul_upper", 1, Flags, Handle, Upper, nullptr, nullptr, Forget) != SQLITE_OK) {
+    Forget(Handle);
+    Fail(Handle);
+  }
+}
+
+std::unique_ptr<TCursor> OpenSQLiteCursor(sqlite3* Handle, const std::string& Sql) {
+  return std::make_unique<TSQLiteCursor>(Handle, Sql);
+}
+
+}  // namespace ads

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "ads/zulads_export.h"
+
+namespace ads::sql {
+
+/// Rewrites a text of the dialogs' SQL, Advantage's, into what one kind of server needs to give it the same meaning:
+///
+/// - names in square brackets or double quotes, in any case; an unknown name is an error, never a text;
+/// - `+` joins texts and adds numbers; `IIF`; `SubString`; `TRUE` and `FALSE`; an alias without AS;
+/// - LIKE compares in exact case, with `%` and `_` as wildcards and nothing else special;
+/// - `UPPER` agrees with `zulcommon::UpperCase`;
+/// - texts sort by the code of their characters, nulls before values (after them in a descending order);
+/// - lines may be joined by a carriage return alone.
+///
+/// A text that a dialect need not touch passes through byte for byte. Rewriting is a pure function; an instance
+/// holds no state and may be shared.
+class ZULADS_EXPORT TDialect {
+ public:
+  virtual ~TDialect();
+  virtual const char* Name() const = 0;
+  virtual std::string Rewrite(std::string_view Sql) const = 0;
+};
+
+/// Advantage itself: every text as it is.
+class ZULADS_EXPORT TAdvantageDialect : public TDialect {
+ public:
+  const char* Name() const override;
+  std::string Rewrite(std::string_view Sql) const override;
+};
+
+/// SQLite 3.40 or later. `UPPER` becomes `zul_upper` and LIKE `zul_like(text, pattern)`, the functions that
+/// `TAdsConnection` gives to a SQLite connection.
+class ZULADS_EXPORT TSQLiteDialect : public TDialect {
+ public:
+  const char* Name() const override;
+  std::string Rewrite(std::string_view Sql) const override;
+};
+
+/// PostgreSQL 12 or later, with the ICU collations.
+class ZULADS_EXPORT TPostgreSQLDialect : public TDialect {
+ public:
+  const char* Name() const override;
+  std::string Rewrite(std::string_view Sql) const override;
+};
+
+}  // namespace ads::sql

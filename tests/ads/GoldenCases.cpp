@@ -1,0 +1,64 @@
+#include "ads/GoldenCases.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+namespace {
+
+constexpr std::string_view TitleMark = "=== ";
+constexpr std::string_view SQLiteMark = "--- SQLite";
+constexpr std::string_view PostgreSQLMark = "--- PostgreSQL";
+constexpr std::string_view Unchanged = "(as it is)";
+constexpr std::string_view CarriageReturnSign = "␍";
+
+void AppendLine(std::string& Text, std::string Line) {
+  for (auto At = Line.find(CarriageReturnSign); At != Line.npos; At = Line.find(CarriageReturnSign)) {
+    Line.replace(At, CarriageReturnSign.size(), "\r");
+  }
+  if (!Text.empty()) Text += '\n';
+  Text += Line;
+}
+
+void Finish(TGoldenCase& Case) {
+  if (Case.Dialog.empty() || Case.SQLite.empty() || Case.PostgreSQL.empty()) {
+    throw std::runtime_error("A golden case without its three texts: " + Case.Title);
+  }
+  if (Case.SQLite == Unchanged) Case.SQLite = Case.Dialog;
+  if (Case.PostgreSQL == Unchanged) Case.PostgreSQL = Case.Dialog;
+}
+
+void ReadFile(const std::filesystem::path& File, std::vector<TGoldenCase>& Cases) {
+  const std::string Stem = File.stem().string();
+  const std::size_t First = Cases.size();
+  std::ifstream Stream(File);
+  std::string* Text = nullptr;
+  for (std::string Line; std::getline(Stream, Line);) {
+    if (Line.starts_with(TitleMark)) {
+      Cases.push_back({Stem + ": " + Line.substr(TitleMark.size()), {}, {}, {}, Stem == "failing"});
+      Text = &Cases.back().Dialog;
+    } else if (Text == nullptr || Line.empty()) {
+      if (Text != nullptr || Line.starts_with('#') || Line.empty()) continue;
+      throw std::runtime_error("A line before the first case of " + File.string());
+    } else if (Line == SQLiteMark) {
+      Text = &Cases.back().SQLite;
+    } else if (Line == PostgreSQLMark) {
+      Text = &Cases.back().PostgreSQL;
+    } else {
+      AppendLine(*Text, Line);
+    }
+  }
+  if (Cases.size() == First) throw std::runtime_error("No golden case in " + File.string());
+}
+
+}  // namespace
+
+std::vector<TGoldenCase> ReadGoldenCases() {
+  constexpr std::array Files = {"reference", "parties", "orders", "purchasing", "stock", "accounts", "failing"};
+  std::vector<TGoldenCase> Cases;
+  for (const char* File : Files)
+    ReadFile(std::filesystem::path(ZUL_GOLDEN_FOLDER) / (std::string(File) + ".txt"), Cases);
+  for (TGoldenCase& Case : Cases) Finish(Case);
+  return Cases;
+}
