@@ -1,0 +1,36 @@
+#include "toolkit/CellText.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QRect>
+#include <QString>
+
+namespace toolkit {
+
+namespace {
+
+// Longer than any column is wide. Measuring a text takes time in proportion to its length, and a memo may be long.
+constexpr qsizetype MaxMeasured = 2000;
+
+}  // namespace
+
+Qt::Alignment QtAlignment(ads::TAlignment Alignment) {
+  switch (Alignment) {
+    case ads::TAlignment::taRightJustify:
+      return Qt::AlignRight | Qt::AlignVCenter;
+    case ads::TAlignment::taCenter:
+      return Qt::AlignHCenter | Qt::AlignVCenter;
+    default:
+      return Qt::AlignLeft | Qt::AlignVCenter;
+  }
+}
+
+void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment) {
+  if (Text.empty()) return;
+  const QRect Inside = Cell.adjusted(CellTextMargin, 0, -CellTextMargin, 0);
+  const QString Whole = QString::fromStdString(Text).left(MaxMeasured);
+  const QString Shown = Painter.fontMetrics().elidedText(Whole, Qt::ElideRight, Inside.width());
+  Painter.drawText(Inside, QtAlignment(Alignment) | Qt::TextSingleLine, Shown);
+}
+
+}  // namespace toolkit

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <Qt>
+#include <string>
+
+#include "ads/Field.h"
+
+class QPainter;
+class QRect;
+
+namespace toolkit {
+
+/// The pixels between a text of the grid and the sides of its cell.
+constexpr int CellTextMargin = 2;
+
+Qt::Alignment QtAlignment(ads::TAlignment Alignment);
+
+/// Draws one line of text in the painter's font and pen, vertically centred, cut off with an ellipsis where it does not
+/// fit.
+void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment);
+
+}  // namespace toolkit

@@ -1,0 +1,286 @@
+#include "toolkit/DBGrid.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <exception>
+
+#include "toolkit/CellText.h"
+#include "toolkit/DBGridModel.h"
+#include "toolkit/DBGridTitles.h"
+#include "toolkit/EListError.h"
+#include "toolkit/EventGuard.h"
+#include "toolkit/Form.h"
+
+namespace toolkit {
+
+namespace {
+
+constexpr int CellHeight = 17;
+constexpr int LineWidth = 1;
+
+bool IsEnter(const QKeyEvent& Event) {
+  return Event.key() == Qt::Key_Return || Event.key() == Qt::Key_Enter;
+}
+
+// Whether the key types a character, rather than being a command. Ctrl and Alt together are AltGr, which types.
+bool IsCharacter(const QKeyEvent& Event) {
+  const Qt::KeyboardModifiers Commands = Event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  if (Commands && Commands != (Qt::ControlModifier | Qt::AltModifier)) return false;
+  const QString Text = Event.text();
+  return !Text.isEmpty() && Text[0] >= u' ' && Text[0] != QChar(0x7F);
+}
+
+}  // namespace
+
+class TDBGrid::TCellDelegate : public QStyledItemDelegate {
+ public:
+  explicit TCellDelegate(TDBGrid& Grid) : QStyledItemDelegate(&Grid), Grid_(Grid) {}
+
+  void paint(QPainter* Painter, const QStyleOptionViewItem& Option, const QModelIndex& Index) const override {
+    Grid_.PaintCell(Painter, Option.rect, Index);
+  }
+
+ private:
+  TDBGrid& Grid_;
+};
+
+TDBGrid::TDBGrid(QWidget* Parent) : QTableView(Parent), Model_(new TDBGridModel(*this)) {
+  SetUpLook();
+  SetUpBehaviour();
+  setModel(Model_);
+}
+
+TDBGrid::~TDBGrid() {
+  for (const TColumn* Column : Columns_) delete Column;
+}
+
+void TDBGrid::SetUpLook() {
+  setFont(TForm::FormFont());
+  setHorizontalHeader(new TDBGridTitles(*this));
+  // One height for all rows, told once and before there are any.
+  verticalHeader()->setMinimumSectionSize(CellHeight + LineWidth);
+  verticalHeader()->setDefaultSectionSize(CellHeight + LineWidth);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->hide();
+  setCornerButtonEnabled(false);
+  setShowGrid(true);
+  setWordWrap(false);
+  setItemDelegate(new TCellDelegate(*this));
+}
+
+void TDBGrid::SetUpBehaviour() {
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setVerticalScrollMode(ScrollPerItem);
+  setHorizontalScrollMode(ScrollPerPixel);
+}
+
+void TDBGrid::SetDataSet(ads::TDataSet* DataSet) {
+  if (DataSet_ != nullptr) DataSet_->disconnect(this);
+  DataSet_ = DataSet;
+  if (DataSet != nullptr) {
+    connect(DataSet, &ads::TDataSet::Opened, this, &TDBGrid::ResetRows);
+    connect(DataSet, &ads::TDataSet::Closed, this, &TDBGrid::ResetRows);
+    connect(DataSet, &ads::TDataSet::Scrolled, this, &TDBGrid::ShowCurrentRow);
+    connect(DataSet, &ads::TDataSet::Refreshed, Model_, &TDBGridModel::ValuesChanged);
+    connect(DataSet, &QObject::destroyed, this, &TDBGrid::ResetRows);
+  }
+  ResetRows();
+}
+
+void TDBGrid::ResetRows() {
+  PaintErrorReported_ = false;
+  {
+    const QScopedValueRollback Guard(Following_, true);
+    Model_->Reset();
+  }
+  ShowCurrentRow();
+}
+
+void TDBGrid::ShowCurrentRow() {
+  if (Following_ || DataSet_ == nullptr) return;
+  const int Row = DataSet_->RecNo() - 1;
+  if (Row < 0 || Row >= Model_->rowCount() || Model_->columnCount() == 0) return;
+  const QScopedValueRollback Guard(Following_, true);
+  const QModelIndex Shown = Model_->index(Row, std::max(currentIndex().column(), 0));
+  setCurrentIndex(Shown);
+  if (isVisible()) scrollTo(Shown);
+}
+
+// Also called for the moves that follow the dataset; only the user's own go to it.
+void TDBGrid::currentChanged(const QModelIndex& Current, const QModelIndex& Previous) {
+  QTableView::currentChanged(Current, Previous);
+  viewport()->update();
+  if (Following_ || !Current.isValid() || DataSet_ == nullptr || DataSet_->RecNo() == Current.row() + 1) return;
+  {
+    const QScopedValueRollback Guard(Following_, true);
+    DataSet_->SetRecNo(Current.row() + 1);
+  }
+  if (DataSet_ != nullptr && DataSet_->RecNo() != Current.row() + 1) ShowCurrentRow();
+}
+
+TColumn& TDBGrid::AddColumn(ads::TField* Field) {
+  return InsertColumn(Columns_.Count(), Field);
+}
+
+TColumn& TDBGrid::InsertColumn(int Index, ads::TField* Field) {
+  if (Index < 0 || Index > Columns_.Count()) throw EListError(Index);
+  auto* Column = new TColumn(this, Field);
+  Columns_.Columns_.insert(Columns_.begin() + Index, Column);
+  ResetRows();
+  ColumnsChanged();
+  return *Column;
+}
+
+void TDBGrid::RemoveColumn(int Index) {
+  const TColumn* Column = Columns_[Index];
+  Columns_.Columns_.erase(Columns_.begin() + Index);
+  delete Column;
+  ResetRows();
+  ColumnsChanged();
+}
+
+void TDBGrid::ColumnsChanged() {
+  for (const TColumn* Column : Columns_)
+    horizontalHeader()->resizeSection(Column->Index(), Column->Width() + LineWidth);
+  Model_->TitlesChanged();
+  Model_->ValuesChanged();
+}
+
+int TDBGrid::ColumnsWidth() const {
+  int Result = 0;
+  for (const TColumn* Column : Columns_) Result += Column->Width() + LineWidth;
+  return Result;
+}
+
+void TDBGrid::SetClientWidth(int Width) {
+  resize(Width + width() - maximumViewportSize().width(), height());
+  if (!testAttribute(Qt::WA_PendingResizeEvent)) return;
+  // A hidden widget is told of its size only when it is shown, but its inside is asked for before.
+  QResizeEvent Now(size(), size());
+  QApplication::sendEvent(this, &Now);
+}
+
+TGridDrawState TDBGrid::StateOf(const QModelIndex& Index) const {
+  TGridDrawState DrawState;
+  if (Index.row() != currentIndex().row()) return DrawState;
+  DrawState.Include(TGridDrawStateFlag::gdSelected);
+  if (hasFocus()) DrawState.Include(TGridDrawStateFlag::gdFocused);
+  return DrawState;
+}
+
+void TDBGrid::PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex& Index) {
+  const TGridDrawState DrawState = StateOf(Index);
+  const bool Selected = DrawState.Contains(TGridDrawStateFlag::gdSelected);
+  Painter->save();
+  Painter->setClipRect(Rect, Qt::IntersectClip);
+  Painter->setFont(font());
+  Painter->setBrush(palette().brush(Selected ? QPalette::Highlight : QPalette::Base));
+  Painter->setPen(palette().color(Selected ? QPalette::HighlightedText : QPalette::Text));
+  Canvas_ = Painter;
+  try {
+    DrawCell(Rect, Index, DrawState);
+  } catch (const std::exception& Error) {
+    ReportPaintError(Error.what());
+  } catch (...) {
+    ReportPaintError({});
+  }
+  Canvas_ = nullptr;
+  Painter->restore();
+}
+
+void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState DrawState) {
+  if (DataSet_ == nullptr || Index.row() >= DataSet_->RecordCount()) {
+    Canvas_->fillRect(Rect, Canvas_->brush());
+    return;
+  }
+  TColumn* Column = Columns_[Index.column()];
+  const ads::TRowScope Scope(*DataSet_, Index.row());
+  if (OnDrawColumnCell) {
+    OnDrawColumnCell(this, Rect, Index.column(), Column, DrawState);
+  } else {
+    DefaultDrawColumnCell(Rect, Index.column(), Column, DrawState);
+  }
+}
+
+void TDBGrid::DefaultDrawColumnCell(const QRect& Rect, int, TColumn* Column, TGridDrawState) {
+  if (Canvas_ == nullptr) return;
+  Canvas_->fillRect(Rect, Canvas_->brush());
+  if (Column->Field() != nullptr) DrawCellText(*Canvas_, Rect, Column->Field()->DisplayText(), Column->Alignment());
+}
+
+// Every repaint would raise it again, the one after the box is closed included: one box tells what is wrong.
+void TDBGrid::ReportPaintError(const std::string& Message) {
+  if (PaintErrorReported_) return;
+  PaintErrorReported_ = true;
+  QMetaObject::invokeMethod(
+      this, [this, Message] { ShowError(this, Message); }, Qt::QueuedConnection);
+}
+
+void TDBGrid::keyboardSearch(const QString&) {}
+
+void TDBGrid::keyPressEvent(QKeyEvent* Event) {
+  if (IsEnter(*Event)) {
+    if (!Event->isAutoRepeat()) CallDblClick();
+    return;
+  }
+  if (HandleCharacter(*Event)) return;
+  QTableView::keyPressEvent(Event);
+}
+
+// Whether the key is done with. One whose handler failed is.
+bool TDBGrid::HandleCharacter(const QKeyEvent& Event) {
+  if (!OnKeyPress || !IsCharacter(Event)) return false;
+  bool Kept = false;
+  const bool Ran = Guarded(this, [Handler = OnKeyPress, Text = Event.text(), &Kept] { Kept = Handler(Text); });
+  return Kept || !Ran;
+}
+
+void TDBGrid::CallDblClick() {
+  if (OnDblClick && DataSet_ != nullptr && !DataSet_->IsEmpty()) Guarded(this, std::function(OnDblClick));
+}
+
+void TDBGrid::mouseDoubleClickEvent(QMouseEvent* Event) {
+  QTableView::mouseDoubleClickEvent(Event);
+  if (Event->button() == Qt::LeftButton && indexAt(Event->position().toPoint()).isValid()) CallDblClick();
+}
+
+void TDBGrid::focusInEvent(QFocusEvent* Event) {
+  QTableView::focusInEvent(Event);
+  viewport()->update();
+}
+
+void TDBGrid::focusOutEvent(QFocusEvent* Event) {
+  QTableView::focusOutEvent(Event);
+  viewport()->update();
+}
+
+// Rows only: a whole row is selected, so a move between its cells would be invisible.
+QModelIndex TDBGrid::moveCursor(CursorAction Action, Qt::KeyboardModifiers Modifiers) {
+  const int Column = std::max(currentIndex().column(), 0);
+  switch (Action) {
+    case MoveLeft:
+    case MoveRight:
+      return currentIndex();
+    case MoveHome:
+      return Model_->index(0, Column);
+    case MoveEnd:
+      return Model_->index(Model_->rowCount() - 1, Column);
+    default:
+      return QTableView::moveCursor(Action, Modifiers);
+  }
+}
+
+// The selected row is the dataset's: no key or click may leave the grid without one.
+QItemSelectionModel::SelectionFlags TDBGrid::selectionCommand(const QModelIndex& Index, const QEvent*) const {
+  if (!Index.isValid()) return QItemSelectionModel::NoUpdate;
+  return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+}  // namespace toolkit

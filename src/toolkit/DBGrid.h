@@ -1,0 +1,176 @@
+#pragma once
+
+#include <QPointer>
+#include <QTableView>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ads/DataSet.h"
+#include "ads/Field.h"
+#include "toolkit/Set.h"
+#include "toolkit/zultoolkit_export.h"
+
+namespace toolkit {
+
+using ads::TAlignment;
+
+class TDBGrid;
+class TDBGridModel;
+
+enum class TGridDrawStateFlag : std::uint8_t { gdSelected, gdFocused, gdFixed };
+/// How a cell that is being painted stands: in the selected row, having the keyboard focus, being a title.
+using TGridDrawState = TSet<TGridDrawStateFlag>;
+
+/// One column of a data grid. Owned by the grid; changes show at once.
+class ZULTOOLKIT_EXPORT TColumn {
+ public:
+  TColumn(const TColumn&) = delete;
+  TColumn& operator=(const TColumn&) = delete;
+
+  /// Null when the field's dataset is gone: the column is then empty.
+  ads::TField* Field() const { return Field_; }
+  /// Shows another field: the title follows, an alignment that was never set follows too, a width that was never set is
+  /// that of the new field.
+  TColumn& SetField(ads::TField* Field);
+
+  /// Pixels of the cells, without the line between columns. Until it is set: wide enough for the field's display width
+  /// in digits, and for the title.
+  int Width() const;
+  TColumn& SetWidth(int Width);
+
+  /// Of the cells; the field's own until it is set.
+  TAlignment Alignment() const;
+  TColumn& SetAlignment(TAlignment Alignment);
+
+  /// Left until it is set.
+  TAlignment TitleAlignment() const { return TitleAlignment_; }
+  TColumn& SetTitleAlignment(TAlignment Alignment);
+
+  /// Cell and title alike.
+  TColumn& Align(TAlignment Both) { return SetAlignment(Both).SetTitleAlignment(Both); }
+
+  /// The field's display label.
+  std::string Title() const;
+
+  TDBGrid* Grid() const { return Grid_; }
+  /// The position in the grid, from 0.
+  int Index() const;
+
+ private:
+  friend class TDBGrid;
+  TColumn(TDBGrid* Grid, ads::TField* Field);
+  ~TColumn();
+  void Show(ads::TField* Field);
+  void Changed();
+
+  TDBGrid* Grid_;
+  QPointer<ads::TField> Field_;
+  QMetaObject::Connection FieldChanged_;
+  std::optional<int> Width_;
+  std::optional<TAlignment> Alignment_;
+  TAlignment TitleAlignment_ = TAlignment::taLeftJustify;
+};
+
+/// The columns of a grid, in display order.
+class ZULTOOLKIT_EXPORT TDBGridColumns {
+ public:
+  int Count() const { return static_cast<int>(Columns_.size()); }
+  TColumn* operator[](int Index) const;  ///< throws EListError
+  auto begin() const { return Columns_.begin(); }
+  auto end() const { return Columns_.end(); }
+
+ private:
+  friend class TDBGrid;
+  std::vector<TColumn*> Columns_;  // owned by the grid
+};
+
+/// Shows the rows of a dataset and moves its cursor: whole rows are selected, cells are never edited, column widths are
+/// the program's.
+///
+/// The rows are read as they are painted, so a million of them cost no more than the visible ones. The current row is
+/// the dataset's, both ways. The vertical scroll bar always has its place, so that the columns stay fully visible
+/// however many rows there are.
+///
+/// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row.
+class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
+  Q_OBJECT
+ public:
+  explicit TDBGrid(QWidget* Parent = nullptr);
+  ~TDBGrid() override;
+
+  void SetDataSet(ads::TDataSet* DataSet);  ///< borrowed; null shows nothing
+  /// Null also when the dataset was destroyed.
+  ads::TDataSet* DataSet() const { return DataSet_; }
+
+  const TDBGridColumns& Columns() const { return Columns_; }
+  /// Appends a column for the field, or puts it at a position; a position that there is not throws EListError.
+  TColumn& AddColumn(ads::TField* Field);
+  TColumn& InsertColumn(int Index, ads::TField* Field);
+  void RemoveColumn(int Index);  ///< throws EListError
+
+  /// The sum of the column widths, with the line behind each.
+  int ColumnsWidth() const;
+  /// Makes the grid so wide that its inside, without frame and scroll bar, has `Width` pixels.
+  void SetClientWidth(int Width);
+
+  /// Paints a cell, its background included; what it paints outside of `Rect` is cut off. The dataset's fields read the
+  /// cell's row meanwhile. Without it `DefaultDrawColumnCell` does. May throw: the cell then stays as painted so far,
+  /// and the message is shown once the painting is over, once for each opening of the dataset.
+  std::function<void(TDBGrid* Sender, const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State)>
+      OnDrawColumnCell;
+  /// Called for a double click on a row and for Enter; guarded.
+  std::function<void()> OnDblClick;
+  /// Gets every character key typed into the grid before the grid does; true keeps it from the grid. Guarded.
+  std::function<bool(const QString& Text)> OnKeyPress;
+
+  /// The cell as text: filled with the canvas's brush, the field's display text in the canvas's pen, aligned as the
+  /// column, 2 pixels from the sides, cut off with an ellipsis. Only while a cell is being painted.
+  void DefaultDrawColumnCell(const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State);
+
+  /// The painter of the cell that is being painted, its brush the cell's background and its pen the text colour; null
+  /// otherwise.
+  QPainter* Canvas() const { return Canvas_; }
+
+  /// The selected row is shown also while the grid has no focus.
+  bool AlwaysShowSelection() const { return true; }
+
+  /// Does nothing: a search for what was typed would read every row.
+  void keyboardSearch(const QString& Search) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* Event) override;
+  void mouseDoubleClickEvent(QMouseEvent* Event) override;
+  void focusInEvent(QFocusEvent* Event) override;
+  void focusOutEvent(QFocusEvent* Event) override;
+  void currentChanged(const QModelIndex& Current, const QModelIndex& Previous) override;
+  QModelIndex moveCursor(CursorAction Action, Qt::KeyboardModifiers Modifiers) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& Index, const QEvent* Event) const override;
+
+ private:
+  friend class TColumn;
+  class TCellDelegate;
+
+  void SetUpLook();
+  void SetUpBehaviour();
+  TGridDrawState StateOf(const QModelIndex& Index) const;
+  void PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex& Index);
+  void DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState State);
+  void ColumnsChanged();
+  void ResetRows();
+  void ShowCurrentRow();
+  void ReportPaintError(const std::string& Message);
+  bool HandleCharacter(const QKeyEvent& Event);
+  void CallDblClick();
+
+  QPointer<ads::TDataSet> DataSet_;
+  TDBGridModel* Model_;
+  TDBGridColumns Columns_;
+  QPainter* Canvas_ = nullptr;
+  bool Following_ = false;           // the grid is being brought to the dataset's row, or the other way round
+  bool PaintErrorReported_ = false;  // for this opening of the dataset
+};
+
+}  // namespace toolkit

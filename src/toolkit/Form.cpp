@@ -1,0 +1,74 @@
+#include "toolkit/Form.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QWindow>
+
+namespace toolkit {
+
+TForm::TForm(QWidget* Parent) : QDialog(Parent) {
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setFont(FormFont());
+  SetClientSize(width(), height());
+}
+
+TForm::~TForm() = default;
+
+QFont TForm::FormFont() {
+  QFont Font(QStringLiteral("Arial"));
+  Font.setPixelSize(11);
+  return Font;
+}
+
+QFont TForm::TitleFont() {
+  QFont Font = FormFont();
+  Font.setBold(true);
+  return Font;
+}
+
+std::string TForm::Caption() const {
+  return windowTitle().toStdString();
+}
+
+void TForm::SetCaption(const std::string& Caption) {
+  setWindowTitle(QString::fromStdString(Caption));
+}
+
+void TForm::SetClientSize(int Width, int Height) {
+  setFixedSize(Width, Height);
+}
+
+// A QDialog looks for its default button when it is about to be shown, and takes any that offers itself.
+void TForm::setVisible(bool Visible) {
+  if (Visible) {
+    for (QPushButton* Button : findChildren<QPushButton*>()) {
+      Button->setAutoDefault(false);
+      Button->setDefault(false);
+    }
+  }
+  QDialog::setVisible(Visible);
+}
+
+void TForm::StayAboveActiveWindow() {
+  const QWidget* Active = QApplication::activeWindow();
+  if (parentWidget() != nullptr || Active == nullptr || Active == this) return;
+  winId();  // a window handle exists only from here on
+  windowHandle()->setTransientParent(Active->windowHandle());
+}
+
+bool TForm::ShowModal() {
+  StayAboveActiveWindow();
+  return exec() == Accepted;
+}
+
+void TForm::keyPressEvent(QKeyEvent* Event) {
+  if (Event->key() != Qt::Key_Return && Event->key() != Qt::Key_Enter) {
+    QDialog::keyPressEvent(Event);
+    return;
+  }
+  auto* Button = qobject_cast<QPushButton*>(focusWidget());
+  if (Button != nullptr && Button->hasFocus() && !Event->isAutoRepeat()) Button->click();
+}
+
+}  // namespace toolkit

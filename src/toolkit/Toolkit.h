@@ -1,0 +1,15 @@
+#pragma once
+
+// Everything of the toolkit.
+
+#include "toolkit/ActionButton.h"
+#include "toolkit/DBGrid.h"
+#include "toolkit/EConvertError.h"
+#include "toolkit/EListError.h"
+#include "toolkit/EventGuard.h"
+#include "toolkit/Form.h"
+#include "toolkit/Formats.h"
+#include "toolkit/ImageList.h"
+#include "toolkit/Lists.h"
+#include "toolkit/RadioGroup.h"
+#include "toolkit/Set.h"
