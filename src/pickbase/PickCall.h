@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+/// The convention that every exported pick function follows, written once: create the dialog, show it, take the key when it was closed
+/// with OK, free the dialog in every case.
+namespace pickbase {
+
+/// Runs one pick; `Take` reads what the user chose from the dialog. Whether something was chosen.
+template <typename TDialog, typename TTake, typename... TArgs>
+bool Pick(TTake Take, TArgs... Args) {
+  const std::unique_ptr<TDialog> Dialog = TDialog::Create(std::move(Args)...);
+  if (!Dialog->ShowPick()) return false;
+  Take(*Dialog);
+  return true;
+}
+
+/// A pick with a text key that is in-out: it stays as it is when nothing is chosen.
+template <typename TDialog, typename... TArgs>
+bool PickTextInOut(std::string& Key, std::string (TDialog::*Accessor)() const, TArgs... Args) {
+  return Pick<TDialog>([&](const TDialog& Dialog) { Key = (Dialog.*Accessor)(); }, std::move(Args)...);
+}
+
+/// A pick with a text key that is output only: it is empty unless something is chosen, also when the pick throws. The arguments are
+/// taken by value, so the caller may pass the same variable as argument and key.
+template <typename TDialog, typename... TArgs>
+bool PickText(std::string& Key, std::string (TDialog::*Accessor)() const, TArgs... Args) {
+  Key.clear();
+  return PickTextInOut<TDialog>(Key, Accessor, std::move(Args)...);
+}
+
+/// A pick with a whole number as key: it stays as it is when nothing is chosen.
+template <typename TDialog, typename... TArgs>
+bool PickInteger(std::int32_t& Key, std::int32_t (TDialog::*Accessor)() const, TArgs... Args) {
+  return Pick<TDialog>([&](const TDialog& Dialog) { Key = (Dialog.*Accessor)(); }, std::move(Args)...);
+}
+
+}  // namespace pickbase

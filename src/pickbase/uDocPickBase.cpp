@@ -1,0 +1,449 @@
+#include "pickbase/uDocPickBase.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "ads/EDatabaseError.h"
+#include "frame/uZULPickListsUtils.h"
+#include "frame/uZULPickPlsWait.h"
+#include "toolkit/ActionButton.h"
+#include "toolkit/EConvertError.h"
+#include "toolkit/EventGuard.h"
+#include "toolkit/Formats.h"
+#include "zulcommon/EZULException.h"
+#include "zulcommon/StringTable.h"
+#include "zulcommon/Text.h"
+
+namespace uDocPickBase {
+
+using ads::TField;
+using ads::TFieldType;
+using toolkit::Guarded;
+using zulcommon::LoadZULResString;
+
+std::string SQL_DATE_FMT = "YYYY-MM-DD";
+
+void StartUnit() { SQL_DATE_FMT = "YYYY-MM-DD"; }
+void EndUnit() { std::string().swap(SQL_DATE_FMT); }
+
+namespace {
+
+constexpr int SelectCaptionText = 65521;     // "Select %s"
+constexpr int AvailableCaptionText = 65522;  // "Available %s"
+constexpr int NoDateText = 6023;
+constexpr int NoNumberText = 6097;
+constexpr int RetrievingText = 5000;
+
+constexpr int Gap = 4;
+constexpr int ListHeight = 328;
+constexpr int ListPadding = 16;
+constexpr int ChoicesWidth = 83;
+constexpr int BoxHeight = 14;
+// As long a text as anybody may want to paste; the line edit's own limit would cut it silently.
+constexpr int LongestFindText = 1 << 20;
+
+QString Shown(const std::string& Text) { return QString::fromStdString(Text); }
+
+template <typename TWidget>
+TWidget* Named(TWidget* Widget, const char* Name) {
+  Widget->setObjectName(QLatin1String(Name));
+  return Widget;
+}
+
+std::string DecimalsFormat(int Decimals) {
+  return Decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(Decimals), '0') : ",0";
+}
+
+int ChoicesHeight(const toolkit::TRadioGroup& Group) { return Group.Items().Count() * BoxHeight + 20; }
+
+}  // namespace
+
+TDocPickBase::TDocPickBase() {
+  pnlForm = Named(new QWidget(this), "pnlForm");
+  CreateList();
+  CreateFind();
+  CreateButtons();
+  CreateSys();
+  ConnectEvents();
+  SetClientSize(726, 519);
+  PlacePanels();
+}
+
+TDocPickBase::~TDocPickBase() { dbgAvail->SetDataSet(nullptr); }
+
+void TDocPickBase::CreateList() {
+  qryList_ = Named(new ads::TAdsQuery(this), "qryList_");
+  gbList = Named(new QGroupBox(pnlForm), "gbList");
+  gbList->setGeometry(Gap, Gap, 201, ListHeight);
+  dbgAvail = Named(new toolkit::TDBGrid(gbList), "dbgAvail");
+  dbgAvail->setGeometry(Gap, ListPadding, 193, ListHeight - ListPadding - Gap);
+  dbgAvail->SetDataSet(qryList_);
+}
+
+void TDocPickBase::CreateFind() {
+  gbFind = Named(new QGroupBox(pnlForm), "gbFind");
+  gbFind->setGeometry(209, 4, ChoicesWidth, 69);
+  edFind = Named(new QLineEdit(gbFind), "edFind");
+  edFind->setGeometry(Gap, 16, 75, 22);
+  edFind->setMaxLength(LongestFindText);
+  bbnFInd = Named(new QPushButton(gbFind), "bbnFInd");
+  bbnFInd->setGeometry(Gap, 40, 75, 25);
+  rgFindBy = Named(new toolkit::TRadioGroup(pnlForm), "rgFindBy");
+  rgFindBy->setGeometry(209, 73, ChoicesWidth, 62);
+  rgOrderBy = Named(new toolkit::TRadioGroup(pnlForm), "rgOrderBy");
+  rgOrderBy->setGeometry(209, 135, ChoicesWidth, 64);
+  ckbDesc = Named(new QCheckBox(pnlForm), "ckbDesc");
+  ckbDesc->setGeometry(209, 199, ChoicesWidth, BoxHeight);
+}
+
+void TDocPickBase::CreateButtons() {
+  pnlButtons = Named(new QWidget(this), "pnlButtons");
+  bbnOK = Named(new QPushButton(pnlButtons), "bbnOK");
+  bbnOK->setGeometry(4, 4, 75, 25);
+  bbnCancel = Named(new QPushButton(pnlButtons), "bbnCancel");
+  bbnCancel->setGeometry(4, 30, 75, 25);
+  actOK = Named(new QAction(this), "actOK");
+  actFind = Named(new QAction(this), "actFind");
+  actCancel = Named(new QAction(this), "actCancel");
+  toolkit::BindAction(bbnOK, actOK);
+  toolkit::BindAction(bbnFInd, actFind);
+  toolkit::BindAction(bbnCancel, actCancel);
+}
+
+void TDocPickBase::CreateSys() {
+  tblSys_ = Named(new ads::TAdsTable(this), "tblSys_");
+  tblSys_->SetTableName("Sys");
+  tblSys_QtyDec = tblSys_->AddField("QtyDec", TFieldType::ftSmallint);
+  tblSys_PrcDec = tblSys_->AddField("PrcDec", TFieldType::ftSmallint);
+  tblSys_MultiAcct = tblSys_->AddField("MultiAcct", TFieldType::ftBoolean);
+  tblSys_MultiLoc = tblSys_->AddField("MultiLoc", TFieldType::ftBoolean);
+}
+
+void TDocPickBase::ConnectEvents() {
+  connect(actOK, &QAction::triggered, this, [this] { Guarded(this, [this] { actOKExecute(); }); });
+  connect(actFind, &QAction::triggered, this, [this] { Guarded(this, [this] { actFindExecute(); }); });
+  connect(actCancel, &QAction::triggered, this, [this] { Guarded(this, [this] { actCancelExecute(); }); });
+  connect(edFind, &QLineEdit::returnPressed, this, [this] { Guarded(this, [this] { edFindKeyPress('\r'); }); });
+  connect(edFind, &QLineEdit::textChanged, this, [this] {
+    actFindUpdate();
+    Guarded(this, [this] { edFindChange(); });
+  });
+  rgFindBy->OnClick = [this] { rgFindByClick(); };
+  rgOrderBy->OnClick = [this] { OrderClick(); };
+  connect(ckbDesc, &QCheckBox::toggled, this, [this] { Guarded(this, [this] { OrderClick(); }); });
+  dbgAvail->OnDblClick = [this] { dbgAvailDblClick(); };
+  dbgAvail->OnDrawColumnCell = [this](toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
+                                      toolkit::TColumn* Column, toolkit::TGridDrawState State) {
+    dbgAvailDrawColumnCell(Sender, Rect, DataCol, Column, State);
+  };
+  connect(qryList_, &ads::TDataSet::Opened, this, [this] { actOKUpdate(); });
+  connect(qryList_, &ads::TDataSet::Closed, this, [this] { actOKUpdate(); });
+  // While rows are read, the please-wait window must stay alive.
+  qryList_->OnProgress = [] { QCoreApplication::processEvents(); };
+}
+
+// The construction steps, on the complete object.
+void TDocPickBase::Build(ads::TAdsConnection* Connection) {
+  if (Connection == nullptr) throw ads::EDatabaseError("A pick needs a database connection.");
+  for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) DataSet->SetConnection(Connection);
+  LoadCaptions();
+  ReadSys();
+  SetShowIfEmpty(true);
+  InSetup = true;
+  SetUpColumns();
+  InSetup = false;
+  const bool HasFindBy = rgFindBy->Items().Count() > 0;
+  rgFindBy->setVisible(HasFindBy);
+  gbFind->setVisible(HasFindBy);
+  const bool HasOrderBy = rgOrderBy->Items().Count() > 0;
+  rgOrderBy->setVisible(HasOrderBy);
+  ckbDesc->setVisible(HasOrderBy);
+  FitList();
+  CallSetSQL();
+  AdjustWidths();
+  UpdateFind();
+  actOKUpdate();
+  actFindUpdate();
+  if (!edFind->isHidden() && !gbFind->isHidden()) edFind->setFocus();
+}
+
+void TDocPickBase::LoadCaptions() {
+  actOK->setText(Shown(LoadZULResString(2000)));
+  actFind->setText(Shown(LoadZULResString(2007)));
+  actCancel->setText(Shown(LoadZULResString(2001)));
+  gbFind->setTitle(Shown(LoadZULResString(5033)));
+  rgFindBy->setTitle(Shown(LoadZULResString(5034)));
+  rgOrderBy->setTitle(Shown(LoadZULResString(5035)));
+  ckbDesc->setText(Shown(LoadZULResString(5036)));
+  edFind->setAccessibleName(gbFind->title());
+}
+
+void TDocPickBase::ReadSys() {
+  tblSys_->Open();
+  QtyFormat = DecimalsFormat(tblSys_QtyDec->AsInteger());
+  PriceFormat = DecimalsFormat(tblSys_PrcDec->AsInteger());
+  MultiLoc = tblSys_MultiLoc->AsBoolean();
+  MultiAcct = tblSys_MultiAcct->AsBoolean();
+  tblSys_->Close();
+}
+
+// Makes the list as high as the choices beside it when there are so many of them that they would not fit otherwise.
+void TDocPickBase::FitList() {
+  const int Bottom = rgFindBy->y() + ChoicesHeight(*rgFindBy) + ChoicesHeight(*rgOrderBy) +
+                     BoxHeight * (1 + static_cast<int>(Boxes_.size()));
+  gbList->resize(gbList->width(), std::max(ListHeight, Bottom - gbList->y()));
+  dbgAvail->resize(dbgAvail->width(), gbList->height() - ListPadding - Gap);
+}
+
+void TDocPickBase::SetUpColumns() {}
+
+void TDocPickBase::CallSetSQL() {
+  if (Querying_) {
+    QueryAgain_ = true;
+    return;
+  }
+  Querying_ = true;
+  actOKUpdate();
+  struct TDone {
+    TDocPickBase& Dialog;
+    ~TDone() {
+      Dialog.Querying_ = false;
+      Dialog.actOKUpdate();
+    }
+  } const Done{*this};
+  do {
+    QueryAgain_ = false;
+    RunQuery();
+  } while (QueryAgain_);
+}
+
+// One query behind the please-wait window. The window runs the event loop in a dialog that is shown already, so the user may close the
+// dialog there: nothing is left to be queried then.
+void TDocPickBase::RunQuery() {
+  const bool WasVisible = isVisible();
+  uZULPickPlsWait::TZULPickPlsWait Wait(this, LoadZULResString(RetrievingText), true);
+  if (WasVisible) {
+    QCoreApplication::processEvents();
+    if (!isVisible()) return;
+  }
+  SetSQL();
+}
+
+bool TDocPickBase::ShowPick() {
+  if (!ShowIfEmpty && qryList_->Bof() && qryList_->Eof()) return false;
+  return ShowModal();
+}
+
+void TDocPickBase::AdjustWidths() {
+  dbgAvail->SetClientWidth(dbgAvail->ColumnsWidth());
+  gbList->resize(dbgAvail->width() + 2 * Gap, gbList->height());
+  const int Left = gbList->x() + gbList->width() + Gap;
+  for (QWidget* Beside : {static_cast<QWidget*>(gbFind), static_cast<QWidget*>(rgFindBy),
+                          static_cast<QWidget*>(rgOrderBy), static_cast<QWidget*>(ckbDesc)}) {
+    Beside->move(Left, Beside->y());
+  }
+  const QWidget* Rightmost = !gbFind->isHidden() ? gbFind : !rgOrderBy->isHidden() ? static_cast<QWidget*>(rgOrderBy) : gbList;
+  SetClientSize(Rightmost->x() + Rightmost->width() + Gap + pnlButtons->width(), gbList->y() + gbList->height() + Gap);
+  PlacePanels();
+  uZULPickListsUtils::CenterFormOnScreen(this);
+}
+
+void TDocPickBase::PlacePanels() {
+  pnlButtons->setGeometry(ClientWidth() - ChoicesWidth, 0, ChoicesWidth, ClientHeight());
+  pnlForm->setGeometry(0, 0, ClientWidth() - ChoicesWidth, ClientHeight());
+}
+
+void TDocPickBase::UpdateFind() {
+  rgFindBy->resize(rgFindBy->width(), ChoicesHeight(*rgFindBy));
+  // The list group is what is asked for on purpose: it is always there, so the order-by group stands under the find-by group even where that
+  // one is hidden.
+  const int Top = gbList->isHidden() ? gbFind->y() : rgFindBy->y() + rgFindBy->height();
+  rgOrderBy->setGeometry(rgOrderBy->x(), Top, rgOrderBy->width(), ChoicesHeight(*rgOrderBy));
+  ckbDesc->move(ckbDesc->x(), rgOrderBy->y() + rgOrderBy->height());
+  const QCheckBox* Above = ckbDesc;
+  for (QCheckBox* Box : Boxes_) {
+    Box->move(Above->x(), Above->y() + Above->height());
+    Above = Box;
+  }
+}
+
+void TDocPickBase::RemoveColumn(const TField* Field, bool Adjust) {
+  const int Index = uZULPickListsUtils::GridColIndex(dbgAvail, Field);
+  if (Index < 0) return;
+  dbgAvail->RemoveColumn(Index);
+  if (Adjust) AdjustWidths();
+}
+
+void TDocPickBase::SetPickCaption(const std::string& Subject) {
+  PickCaption = Subject;
+  SetCaption(zulcommon::FormatText(LoadZULResString(SelectCaptionText), {Subject}));
+}
+
+void TDocPickBase::SetAvailableCaption(const std::string& Subject) {
+  AvailableCaption = Subject;
+  const QString Caption = Shown(zulcommon::FormatText(LoadZULResString(AvailableCaptionText), {Subject}));
+  gbList->setTitle(Caption);
+  dbgAvail->setAccessibleName(Caption);
+}
+
+std::string TDocPickBase::TypedText() const { return edFind->text().toStdString(); }
+
+bool TDocPickBase::HasFindText() const { return !zulcommon::Trim(TypedText()).empty(); }
+
+std::string TDocPickBase::FindText() const {
+  return uZULPickListsUtils::AddQuotes(zulcommon::UpperCase(zulcommon::Trim(TypedText())));
+}
+
+std::string TDocPickBase::FindDate() const {
+  const std::optional<QDate> Date = toolkit::ReadDate(TypedText());
+  if (!Date) throw toolkit::EConvertError("'" + TypedText() + "' is not a valid date.");
+  return toolkit::FormatDate(SQL_DATE_FMT, *Date);
+}
+
+void TDocPickBase::CheckDate(const std::string& S) const {
+  if (toolkit::ReadDate(S)) return;
+  throw zulcommon::EZULException(LoadZULResString(NoDateText), {zulcommon::UpperCase(toolkit::ShortDateFormat())});
+}
+
+void TDocPickBase::CheckInt(const std::string& S) const {
+  if (!toolkit::ReadInteger(S)) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
+}
+
+void TDocPickBase::CheckNumber(const std::string& S) const {
+  if (!toolkit::ReadNumber(S)) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
+}
+
+// What the user has set, once the find text was found fit for the chosen find-by.
+TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
+  TQueryState State;
+  State.OrderBy = rgOrderBy->ItemIndex();
+  State.FindBy = rgFindBy->ItemIndex();
+  State.Descending = ckbDesc->isChecked();
+  State.WithFind = HasFindText();
+  State.FindText = FindText();
+  State.Typed = TypedText();
+  if (!State.WithFind || State.FindBy < 0 || State.FindBy >= static_cast<int>(Choices.size())) return State;
+  switch (Choices[static_cast<std::size_t>(State.FindBy)].Find.Kind) {
+    case TFindKind::Date:
+      CheckDate(State.Typed);
+      State.FindDate = FindDate();
+      break;
+    case TFindKind::Number:
+    case TFindKind::TypedNumber:
+      CheckNumber(State.Typed);
+      break;
+    case TFindKind::TypedInteger:
+      CheckInt(State.Typed);
+      break;
+    default:
+      break;
+  }
+  return State;
+}
+
+void TDocPickBase::OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe) {
+  TListQuery Query(*qryList_->SQL(), CheckedState(Choices), Choices, true);
+  Recipe(Query);
+  qryList_->Open();
+}
+
+void TDocPickBase::OpenGuarded(const TPickChoices& Choices, const TRecipe& Recipe) {
+  const TQueryState State = CheckedState(Choices);
+  try {
+    TListQuery Query(*qryList_->SQL(), State, Choices, true);
+    Recipe(Query);
+    qryList_->Open();
+    return;
+  } catch (const std::exception&) {
+    // What the server cannot search for shows the whole list instead.
+  }
+  TListQuery Query(*qryList_->SQL(), State, Choices, false);
+  Recipe(Query);
+  qryList_->Open();
+}
+
+void TDocPickBase::actOKUpdate() { actOK->setEnabled(!Querying_ && qryList_->Active() && !qryList_->IsEmpty()); }
+
+void TDocPickBase::actOKExecute() { accept(); }
+
+void TDocPickBase::actCancelExecute() { reject(); }
+
+void TDocPickBase::actFindUpdate() { actFind->setEnabled(HasFindText()); }
+
+void TDocPickBase::actFindExecute() {
+  if (actFind->isEnabled()) CallSetSQL();
+}
+
+void TDocPickBase::edFindKeyPress(char Key) {
+  if (actFind->isEnabled() && Key == '\r') actFindExecute();
+}
+
+void TDocPickBase::edFindChange() {
+  if (edFind->text().isEmpty()) CallSetSQL();
+}
+
+void TDocPickBase::rgFindByClick() { edFind->clear(); }
+
+void TDocPickBase::OrderClick() {
+  if (!InSetup) CallSetSQL();
+}
+
+void TDocPickBase::dbgAvailDblClick() {
+  if (actOK->isEnabled()) actOKExecute();
+}
+
+void TDocPickBase::dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
+                                          toolkit::TColumn* Column, toolkit::TGridDrawState State) {
+  if (Sender != nullptr) uZULPickListsUtils::GridPaint(Sender, Rect, DataCol, Column, State);
+}
+
+TField* TDocPickBase::TextField(const std::string& Name, int Size) {
+  return qryList_->AddField(Name, TFieldType::ftString, Size);
+}
+TField* TDocPickBase::BooleanField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftBoolean); }
+TField* TDocPickBase::FloatField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftFloat); }
+TField* TDocPickBase::DateField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftDate); }
+TField* TDocPickBase::SmallintField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftSmallint); }
+TField* TDocPickBase::IntegerField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftInteger); }
+TField* TDocPickBase::AutoIncField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftAutoInc); }
+TField* TDocPickBase::CalculatedField(const std::string& Name, TFieldType Type) {
+  return qryList_->AddField(Name, Type, 0, ads::TFieldKind::fkCalculated);
+}
+
+toolkit::TColumn& TDocPickBase::NarrowColumn(TField* Field) {
+  return Column(Field).SetWidth(16).Align(toolkit::TAlignment::taCenter);
+}
+
+QCheckBox* TDocPickBase::AddFilterBox(const char* Name, const char* Caption) {
+  return AddCheckBox(Name, Caption, [this] { OrderClick(); });
+}
+
+QCheckBox* TDocPickBase::AddCheckBox(const char* Name, const char* Caption, std::function<void()> OnClick) {
+  QCheckBox* Above = Boxes_.empty() ? ckbDesc : Boxes_.back();
+  QCheckBox* Box = Named(new QCheckBox(QLatin1String(Caption), pnlForm), Name);
+  Box->setGeometry(Above->x(), Above->y() + Above->height(), 75, BoxHeight);
+  connect(Box, &QCheckBox::toggled, this, [this, OnClick = std::move(OnClick)] { Guarded(this, OnClick); });
+  setTabOrder(Above, Box);
+  setTabOrder(Box, bbnOK);
+  Boxes_.push_back(Box);
+  return Box;
+}
+
+void TDocPickBase::SetLabels(const std::vector<std::pair<TField*, int>>& Labels) {
+  for (const auto& [Field, Number] : Labels) Field->SetDisplayLabel(LoadZULResString(Number));
+}
+
+void TDocPickBase::SetChoices(TPickChoices Choices, int Default) {
+  Choices_ = std::move(Choices);
+  rgFindBy->Items().Clear();
+  for (const TPickChoice& Choice : Choices_) rgFindBy->Items().Add(Choice.Caption);
+  rgFindBy->SetItemIndex(Default);
+  rgOrderBy->Items().Assign(rgFindBy->Items());
+  rgOrderBy->SetItemIndex(Default);
+}
+
+}  // namespace uDocPickBase

@@ -1,0 +1,205 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ads/Connection.h"
+#include "ads/Query.h"
+#include "ads/Table.h"
+#include "frame/zulpicklists_export.h"
+#include "pickbase/ListQuery.h"
+#include "toolkit/DBGrid.h"
+#include "toolkit/Form.h"
+#include "toolkit/RadioGroup.h"
+
+class QAction;
+class QCheckBox;
+class QGroupBox;
+class QLineEdit;
+class QPushButton;
+
+namespace uDocPickBase {
+
+/// "YYYY-MM-DD": how a typed date stands in a query. Empty once the module was finalized.
+ZULPICKLISTS_EXPORT extern std::string SQL_DATE_FMT;
+
+/// The start and end of this unit, run by the module's entries.
+void StartUnit();
+void EndUnit();
+
+/// The modal dialog from which every pick dialog derives: a list of candidate records, a find box, the choices what to find and to order by, a
+/// descending switch, OK and Cancel.
+///
+/// A dialog declares its fields, columns and extra boxes in its constructor, its captions and choices in `SetUpColumns` and its query in `SetSQL`. It is
+/// created by its static `Create`, which builds the complete object over the caller's connection and runs the first query; what that raises reaches the caller.
+/// The connection is borrowed for the life of the dialog.
+class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
+  Q_OBJECT
+ public:
+  ~TDocPickBase() override;
+
+  /// Shows the dialog modally; whether it was closed with OK. An empty list is not shown when `SetShowIfEmpty(false)` was called: false then.
+  bool ShowPick();
+
+  /// Runs the query again behind the please-wait window. While a query runs already, one more run follows it.
+  void CallSetSQL();
+
+  /// Builds the query from the find text and the choices and opens it.
+  virtual void SetSQL() = 0;
+  /// Sets captions, labels and choices; once, while the dialog is created.
+  virtual void SetUpColumns();
+  /// Lays out the find-by and order-by controls, one under the other.
+  virtual void UpdateFind();
+
+  /// Sizes the grid to its columns, the form to the grid, and centres it on the screen.
+  void AdjustWidths();
+  /// Removes the first column that shows the field, if any.
+  void RemoveColumn(const ads::TField* Field, bool Adjust);
+
+  void SetPickCaption(const std::string& Subject);
+  void SetAvailableCaption(const std::string& Subject);
+  void SetShowIfEmpty(bool Show) { ShowIfEmpty = Show; }
+
+  /// The find box's text for a LIKE pattern: trimmed, in upper case, single quotes doubled.
+  std::string FindText() const;
+  /// The find box's date as YYYY-MM-DD. Throws `toolkit::EConvertError` when it is none.
+  std::string FindDate() const;
+
+  /// Throw `zulcommon::EZULException`, code -1, when S is no date in the user's short date pattern, no 32-bit integer, no number.
+  void CheckDate(const std::string& S) const;
+  void CheckInt(const std::string& S) const;
+  void CheckNumber(const std::string& S) const;
+
+  // The rules of the events. All but the updates run guarded when they come from the user.
+  virtual void actOKUpdate();
+  void actOKExecute();
+  void actCancelExecute();
+  void actFindUpdate();
+  void actFindExecute();
+  void edFindKeyPress(char Key);
+  void edFindChange();
+  void rgFindByClick();
+  void OrderClick();
+  virtual void dbgAvailDblClick();
+  virtual void dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol, toolkit::TColumn* Column,
+                                      toolkit::TGridDrawState State);
+
+  QWidget* pnlForm;
+  QGroupBox* gbList;
+  toolkit::TDBGrid* dbgAvail;
+  QGroupBox* gbFind;
+  QLineEdit* edFind;
+  QPushButton* bbnFInd;
+  toolkit::TRadioGroup* rgFindBy;
+  toolkit::TRadioGroup* rgOrderBy;
+  QCheckBox* ckbDesc;
+  QWidget* pnlButtons;
+  QPushButton* bbnOK;
+  QPushButton* bbnCancel;
+  QAction* actOK;
+  QAction* actFind;
+  QAction* actCancel;
+  ads::TAdsQuery* qryList_;
+  ads::TAdsTable* tblSys_;
+  ads::TField* tblSys_QtyDec;
+  ads::TField* tblSys_PrcDec;
+  ads::TField* tblSys_MultiAcct;
+  ads::TField* tblSys_MultiLoc;
+
+  /// Display formats by the system's decimals: ",0.00" for two, ",0" for none.
+  std::string PriceFormat;
+  std::string QtyFormat;
+  /// True while `SetUpColumns` runs: setting a choice does not query then.
+  bool InSetup = false;
+  std::string PickCaption;
+  std::string AvailableCaption;
+  bool ShowIfEmpty = false;
+  /// The system's switches for several locations and several accounting entities.
+  bool MultiLoc = false;
+  bool MultiAcct = false;
+
+ protected:
+  /// Creates the components. Everything that may fail or that a descendant overrides comes later, in `Build`.
+  TDocPickBase();
+
+  /// What every static `Create` does: constructs the dialog from its arguments, then runs the construction steps on the complete
+  /// object.
+  template <typename TDialog, typename... TArgs>
+  static std::unique_ptr<TDialog> Construct(ads::TAdsConnection* Connection, TArgs&&... Args) {
+    std::unique_ptr<TDialog> Dialog(new TDialog(std::forward<TArgs>(Args)...));
+    TDocPickBase& Base = *Dialog;
+    Base.Build(Connection);
+    Base.AfterCreate();
+    return Dialog;
+  }
+
+  /// A dialog's own closing steps, once it is built and its list is open.
+  virtual void AfterCreate() {}
+
+  // Fields of the list query, for a dialog's constructor.
+  ads::TField* TextField(const std::string& Name, int Size);
+  ads::TField* BooleanField(const std::string& Name);
+  ads::TField* FloatField(const std::string& Name);
+  ads::TField* DateField(const std::string& Name);
+  ads::TField* SmallintField(const std::string& Name);
+  ads::TField* IntegerField(const std::string& Name);
+  ads::TField* AutoIncField(const std::string& Name);
+  ads::TField* CalculatedField(const std::string& Name, ads::TFieldType Type);
+
+  /// Appends a grid column.
+  toolkit::TColumn& Column(ads::TField* Field) { return dbgAvail->AddColumn(Field); }
+  /// Appends a narrow centred column, as Booleans and icons have.
+  toolkit::TColumn& NarrowColumn(ads::TField* Field);
+
+  /// Adds a check box of the dialog's own below the descending box (and below those added before); a change queries again.
+  QCheckBox* AddFilterBox(const char* Name, const char* Caption);
+  /// The same with a handler of its own instead; it runs guarded.
+  QCheckBox* AddCheckBox(const char* Name, const char* Caption, std::function<void()> OnClick);
+
+  /// Sets the fields' labels from the string table.
+  static void SetLabels(const std::vector<std::pair<ads::TField*, int>>& Labels);
+
+  /// Offers the choices in both groups and chooses the same one in both.
+  void SetChoices(TPickChoices Choices, int Default);
+
+  using TRecipe = std::function<void(TListQuery&)>;
+
+  /// Builds the query by the recipe and opens it. The find text is checked first as the chosen find-by asks; a bad one throws and leaves everything as it was. When
+  /// building or opening fails, the same recipe is run once more without its find lines; only a failure of that reaches the caller.
+  void OpenGuarded(const TRecipe& Recipe) { OpenGuarded(Choices_, Recipe); }
+  /// The same for a query whose indexes stand for other choices than those offered.
+  void OpenGuarded(const TPickChoices& Choices, const TRecipe& Recipe);
+  /// Builds and opens without the second try.
+  void OpenPlainly(const TRecipe& Recipe) { OpenPlainly(Choices_, Recipe); }
+  void OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe);
+
+  const TPickChoices& Choices() const { return Choices_; }
+  /// Whether the trimmed find text is not empty.
+  bool HasFindText() const;
+  /// The find box's text as typed.
+  std::string TypedText() const;
+
+ private:
+  void CreateList();
+  void CreateFind();
+  void CreateButtons();
+  void CreateSys();
+  void ConnectEvents();
+  void LoadCaptions();
+  void ReadSys();
+  void FitList();
+  void PlacePanels();
+  void Build(ads::TAdsConnection* Connection);
+  TQueryState CheckedState(const TPickChoices& Choices) const;
+  void RunQuery();
+
+  TPickChoices Choices_;
+  std::vector<QCheckBox*> Boxes_;
+  bool Querying_ = false;
+  bool QueryAgain_ = false;
+};
+
+}  // namespace uDocPickBase

@@ -1,0 +1,69 @@
+#include "support/TestCompany.h"
+
+#include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+
+#include "sample/SampleCompany.h"
+
+namespace support {
+
+namespace {
+
+// The generated company, made once a program and copied for each test.
+const QString& Original() {
+  static const QTemporaryDir Folder;
+  static const QString FileName = [] {
+    const QString Name = Folder.filePath(QStringLiteral("company.db"));
+    sample::CreateCompany(Name.toStdString(), {});
+    return Name;
+  }();
+  return FileName;
+}
+
+}  // namespace
+
+TTestCompany::TTestCompany(TRows Rows) : FileName_(Folder_.filePath(QStringLiteral("company.db"))) {
+  if (Rows == TRows::Sample && !QFile::copy(Original(), FileName_)) qFatal("The sample company cannot be copied.");
+  const QString Name = QUuid::createUuid().toString();
+  Database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), Name);
+  Database_.setDatabaseName(FileName_);
+  if (!Database_.open()) qFatal("The sample company cannot be opened.");
+  if (Rows == TRows::None) {
+    for (const QString& Statement : QString::fromUtf8(sample::SchemaSql()).split(QLatin1Char(';'))) {
+      if (!Statement.trimmed().isEmpty()) Execute(Statement);
+    }
+    Execute(QStringLiteral("INSERT INTO Sys (QtyDec, PrcDec, MultiAcct, MultiLoc) VALUES (2, 2, 0, 0)"));
+  }
+  Connection_ = std::make_unique<ads::TAdsConnection>(Database_);
+}
+
+TTestCompany::~TTestCompany() {
+  Connection_.reset();
+  const QString Name = Database_.connectionName();
+  Database_ = {};
+  QSqlDatabase::removeDatabase(Name);
+}
+
+void TTestCompany::Execute(const QString& Sql, const QVariantList& Values) {
+  QSqlQuery Query(Database_);
+  Query.prepare(Sql);
+  for (const QVariant& Value : Values) Query.addBindValue(Value);
+  if (!Query.exec()) qFatal("%s: %s", qPrintable(Sql), qPrintable(Query.lastError().text()));
+}
+
+std::vector<std::string> TTestCompany::Texts(const QString& Sql) {
+  QSqlQuery Query(Database_);
+  if (!Query.exec(Sql)) qFatal("%s: %s", qPrintable(Sql), qPrintable(Query.lastError().text()));
+  std::vector<std::string> Result;
+  while (Query.next()) Result.push_back(Query.value(0).toString().toStdString());
+  return Result;
+}
+
+std::string TTestCompany::Text(const QString& Sql) {
+  const std::vector<std::string> All = Texts(Sql);
+  return All.empty() ? std::string() : All.front();
+}
+
+}  // namespace support
