@@ -30,7 +30,7 @@ class tst_SQLiteDialect : public QObject {
     QTest::addColumn<QString>("Sql");
     QTest::addColumn<QString>("Expected");
     const auto Row = [](const char* Name, const char* Sql, const char* Expected) {
-      QTest::newRow(Name) << QString(Sql) << QString(Expected);
+      QTest::newRow(QByteArray(Name).simplified().constData()) << QString(Sql) << QString(Expected);
     };
     const auto Kept = [&Row](const char* Sql) { Row(Sql, Sql, Sql); };
     Kept("");

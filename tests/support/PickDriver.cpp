@@ -27,7 +27,7 @@ bool DrivePick(const std::function<bool()>& Call, const std::function<void(TDocP
   bool Driven = false;
   QObject::connect(&Timer, &QTimer::timeout, &Timer, [&] {
     auto* Dialog = dynamic_cast<TDocPickBase*>(QApplication::activeModalWidget());
-    if (Dialog == nullptr || !Dialog->isVisible()) {
+    if (Dialog == nullptr || !Dialog->isVisible() || !Dialog->isActiveWindow()) {
       if (Waited.elapsed() > LongestWait) qFatal("No pick dialog came up.");
       return;
     }

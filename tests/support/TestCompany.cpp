@@ -26,14 +26,12 @@ const QString& Original() {
 
 TTestCompany::TTestCompany(TRows Rows) : FileName_(Folder_.filePath(QStringLiteral("company.db"))) {
   if (Rows == TRows::Sample && !QFile::copy(Original(), FileName_)) qFatal("The sample company cannot be copied.");
+  if (Rows == TRows::None) sample::CreateSchema(FileName_.toStdString());
   const QString Name = QUuid::createUuid().toString();
   Database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), Name);
   Database_.setDatabaseName(FileName_);
   if (!Database_.open()) qFatal("The sample company cannot be opened.");
   if (Rows == TRows::None) {
-    for (const QString& Statement : QString::fromUtf8(sample::SchemaSql()).split(QLatin1Char(';'))) {
-      if (!Statement.trimmed().isEmpty()) Execute(Statement);
-    }
     Execute(QStringLiteral("INSERT INTO Sys (QtyDec, PrcDec, MultiAcct, MultiLoc) VALUES (2, 2, 0, 0)"));
   }
   Connection_ = std::make_unique<ads::TAdsConnection>(Database_);

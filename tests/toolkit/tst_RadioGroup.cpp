@@ -164,6 +164,38 @@ class tst_RadioGroup : public QObject {
     QCOMPARE(Form.Group->ItemIndex(), index);
   }
 
+  void shouldTakeItsPlaceInTheTabOrderWithLaterItems() {
+    TSample Form;
+    QWidget::setTabOrder(Form.After, Form.Group);
+    QWidget::setTabOrder(Form.Group, Form.Before);
+    Form.Group->SetItemIndex(1);
+    for (const char* Caption : {"Job", "Customer"}) Form.Group->Items().Add(Caption);
+    Form.Group->SetItemIndex(4);
+    TRadioGroup Other(&Form);
+    QWidget::setTabOrder(Form.Group, &Other);
+    Other.Items().Add("Only");
+    Other.setGeometry(0, 0, 50, 40);
+    QVERIFY(Form.Show());
+    Form.After->setFocus();
+    QTest::keyClick(Form.After, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), Form.Group->Button(4));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), Other.Button(0));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), Form.Before);
+    Form.Group->setFocus();
+    QCOMPARE(QApplication::focusWidget(), Form.Group->Button(4));
+  }
+
+  void shouldBeNoTabStopWithoutItems() {
+    TSample Form;
+    Form.Group->Items().Clear();
+    QVERIFY(Form.Show());
+    Form.Before->setFocus();
+    QTest::keyClick(Form.Before, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), Form.After);
+  }
+
   void shouldChooseWithSpaceWhenNothingIsChosen() {
     TSample Form;
     QVERIFY(Form.Show());
@@ -230,9 +262,9 @@ class tst_RadioGroup : public QObject {
     QFETCH(QString, style);
     QApplication::setStyle(style);
     TSample Form;
-    const QString Caption = QStringLiteral("Document No");
-    const int Width = QFontMetrics(TForm::FormFont()).horizontalAdvance(Caption);
-    QVERIFY2(Width >= 58, qPrintable(QString::number(Width)));
+    const QFontMetrics Metrics(TForm::FormFont());
+    QString Caption;
+    while (Metrics.horizontalAdvance(Caption) < 58) Caption += u'i';
     Form.Group->Items().Put(0, Caption.toStdString());
     QVERIFY(Form.Show());
     QVERIFY(Form.Group->Button(0)->toolTip().isEmpty());
