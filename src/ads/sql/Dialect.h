@@ -17,12 +17,16 @@ namespace ads::sql {
 /// - texts sort by the code of their characters, nulls before values (after them in a descending order);
 /// - lines may be joined by a carriage return alone.
 ///
-/// A text that a dialect need not touch passes through byte for byte. Rewriting is a pure function; an instance
-/// holds no state and may be shared.
+/// What a dialect need not touch passes through byte for byte; comments become a blank each. Rewriting is a pure
+/// function of the text alone, so `+` is taken for a joining one only where a text stands among its operands or a call
+/// whose result is one: two columns are added. An instance holds no state and may be shared.
 class ZULADS_EXPORT TDialect {
  public:
   virtual ~TDialect();
   virtual const char* Name() const = 0;
+
+  /// The text for the server. One that cannot be taken apart (see `Tokenize`; parentheses that do not pair up) throws
+  /// `EDatabaseError`, except where every text passes as it is.
   virtual std::string Rewrite(std::string_view Sql) const = 0;
 };
 
@@ -34,14 +38,16 @@ class ZULADS_EXPORT TAdvantageDialect : public TDialect {
 };
 
 /// SQLite 3.40 or later. `UPPER` becomes `zul_upper` and LIKE `zul_like(text, pattern)`, the functions that
-/// `TAdsConnection` gives to a SQLite connection.
+/// `TAdsConnection` gives to a SQLite connection. Quoted names stand in brackets, because SQLite takes an unknown one
+/// in double quotes for a text.
 class ZULADS_EXPORT TSQLiteDialect : public TDialect {
  public:
   const char* Name() const override;
   std::string Rewrite(std::string_view Sql) const override;
 };
 
-/// PostgreSQL 12 or later, with the ICU collations.
+/// PostgreSQL 12 or later, with the ICU collations. Tables and columns are expected under lower-case names, as the
+/// server keeps a name that was created without quotes; so are the names of the columns that a query gives.
 class ZULADS_EXPORT TPostgreSQLDialect : public TDialect {
  public:
   const char* Name() const override;

@@ -272,16 +272,15 @@ std::vector<TStatement::TList<TStatement::TSelectItem>> TStatement::SelectLists(
 
 TStatement::TSelectItem TStatement::SelectItem(TRange Range) const {
   TSelectItem Item{Range, None, false};
-  if (Range.First == None || Range.Last < Range.First + 1 || !IsName(Range.Last) || IsQualified(Range.Last))
-    return Item;
-  if (Range.Last >= Range.First + 2 && IsKeyword(Range.Last - 1, "AS")) {
-    Item.Alias = Range.Last;
-    Item.Expression.Last = Range.Last - 2;
-  } else if (OperandBegin(Range.Last - 1) != None) {
-    Item.Alias = Range.Last;
-    Item.AliasWithoutAs = true;
-    Item.Expression.Last = Range.Last - 1;
-  }
+  const std::size_t Last = Range.Last;
+  if (Range.First == None || Last == Range.First || IsQualified(Last)) return Item;
+  const TTokenKind Kind = (*this)[Last].Kind;
+  if (Kind != TTokenKind::Word && Kind != TTokenKind::QuotedName) return Item;
+  const bool AfterAs = Last >= Range.First + 2 && IsKeyword(Last - 1, "AS");
+  if (!AfterAs && (!IsName(Last) || OperandBegin(Last - 1) == None)) return Item;
+  Item.Alias = Last;
+  Item.AliasWithoutAs = !AfterAs;
+  Item.Expression.Last = Last - (AfterAs ? 2 : 1);
   return Item;
 }
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct sqlite3;
+
+/// The sample company: a made-up Australian trade supplier with customers, documents, purchase orders, stock and
+/// books, in the tables that the pick dialogs read. Besides the everyday it holds at least one row of each kind that
+/// a dialog treats in its own way.
+namespace sample {
+
+struct TOptions {
+  /// 1 is a company that opens at once (1,000 customers, 1,000 order-entry documents); 1,000 is one with a million
+  /// of each. From 1 to `MaxScale`.
+  std::int64_t Scale = 1;
+  /// The same options give the same file, byte for byte.
+  std::uint64_t Seed = 54;
+  /// Whether a file that exists is replaced.
+  bool Overwrite = false;
+};
+
+inline constexpr std::int64_t MaxScale = 2000;
+
+/// The tables and indexes as SQL for SQLite.
+const char* SchemaSql();
+
+/// Creates the tables and indexes, without rows, in an open database that has none of them yet. Throws
+/// `std::runtime_error` with the database's message.
+void CreateSchema(sqlite3* Handle);
+
+/// Creates a SQLite file (its name in UTF-8) with the tables and indexes, without rows. Throws `std::runtime_error`
+/// when the file exists (unless `Overwrite`) or cannot be written; nothing is left behind then.
+void CreateSchema(const std::string& FileName, bool Overwrite = false);
+
+/// Creates a SQLite file (its name in UTF-8) with the whole company. Throws `std::runtime_error` as `CreateSchema`
+/// does, and for a scale out of range. The file appears under its name only when it is complete.
+void CreateCompany(const std::string& FileName, const TOptions& Options = {});
+
+}  // namespace sample
