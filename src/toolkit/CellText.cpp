@@ -30,7 +30,7 @@ void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text,
   const QRect Inside = Cell.adjusted(CellTextMargin, 0, -CellTextMargin, 0);
   const QString Whole = QString::fromStdString(Text).left(MaxMeasured);
   const QString Shown = Painter.fontMetrics().elidedText(Whole, Qt::ElideRight, Inside.width());
-  Painter.drawText(Inside, QtAlignment(Alignment) | Qt::TextSingleLine, Shown);
+  Painter.drawText(Inside, static_cast<int>(QtAlignment(Alignment)) | Qt::TextSingleLine, Shown);
 }
 
 }  // namespace toolkit

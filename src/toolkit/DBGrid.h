@@ -37,7 +37,7 @@ class ZULTOOLKIT_EXPORT TColumn {
   TColumn& SetField(ads::TField* Field);
 
   /// Pixels of the cells, without the line between columns. Until it is set: wide enough for the field's display width
-  /// in digits, and for the title.
+  /// in digits (a code of up to 12 characters: in capital letters), and for the title.
   int Width() const;
   TColumn& SetWidth(int Width);
 

@@ -1,5 +1,6 @@
 #include <QFontMetrics>
 #include <algorithm>
+#include <cmath>
 
 #include "toolkit/CellText.h"
 #include "toolkit/DBGrid.h"
@@ -7,6 +8,13 @@
 #include "toolkit/Form.h"
 
 namespace toolkit {
+
+namespace {
+
+// Texts up to this many characters are codes, mostly of capital letters, which are wider than digits.
+constexpr int LongestCode = 12;
+
+}  // namespace
 
 TColumn::TColumn(TDBGrid* Grid, ads::TField* Field) : Grid_(Grid) {
   Show(Field);
@@ -34,10 +42,13 @@ TColumn& TColumn::SetField(ads::TField* Field) {
 
 int TColumn::Width() const {
   if (Width_) return *Width_;
-  const int Digits = Field_ != nullptr ? Field_->DisplayWidth() : 0;
-  const int DigitWidth = QFontMetrics(TForm::FormFont()).horizontalAdvance(u'0');
-  const int TitleWidth = QFontMetrics(TForm::TitleFont()).horizontalAdvance(QString::fromStdString(Title()));
-  return std::max(Digits * DigitWidth, TitleWidth) + 2 * CellTextMargin;
+  // Advances are fractions of a pixel: rounded down, a text that just fits would be cut off.
+  const int Characters = Field_ != nullptr ? Field_->DisplayWidth() : 0;
+  const bool IsCode = Field_ != nullptr && Field_->DataType() == ads::TFieldType::ftString && Characters <= LongestCode;
+  const double CharactersWidth =
+      Characters * QFontMetricsF(TForm::FormFont()).horizontalAdvance(IsCode ? u'D' : u'0');
+  const double TitleWidth = QFontMetricsF(TForm::TitleFont()).horizontalAdvance(QString::fromStdString(Title()));
+  return static_cast<int>(std::ceil(std::max(CharactersWidth, TitleWidth))) + 2 * CellTextMargin;
 }
 
 TColumn& TColumn::SetWidth(int Width) {

@@ -105,7 +105,10 @@ class TRadioGroup::TChoice : public QRadioButton {
   QString Caption_;
 };
 
-TRadioGroup::TRadioGroup(QWidget* Parent) : QGroupBox(Parent), Items_(this), Buttons_(new QButtonGroup(this)) {
+TRadioGroup::TRadioGroup(QWidget* Parent) : TGroupBox(Parent), Items_(this), Buttons_(new QButtonGroup(this)) {
+  // Only a widget that takes the focus has a place in the tab order. The group's is where its buttons stand, present
+  // and future ones; it hands the focus to one of them.
+  setFocusPolicy(Qt::ClickFocus);
   connect(this, &QObject::objectNameChanged, this, &TRadioGroup::NameButtons);
   connect(Buttons_, &QButtonGroup::idToggled, this, [this](int Index, bool Checked) {
     if (Checked && !Checking_) Chosen(Index);
@@ -138,8 +141,10 @@ void TRadioGroup::SetItemIndex(int Index) {
 // for the same reason one too many goes only when that is over.
 void TRadioGroup::Rebuild() {
   while (Buttons_->buttons().size() < Items_.Count()) {
+    const int Index = static_cast<int>(Buttons_->buttons().size());
     auto* Fresh = new TChoice(this);
-    Buttons_->addButton(Fresh, static_cast<int>(Buttons_->buttons().size()));
+    setTabOrder(Index > 0 ? static_cast<QWidget*>(Choice(Index - 1)) : this, Fresh);
+    Buttons_->addButton(Fresh, Index);
     Fresh->setVisible(true);
   }
   while (Buttons_->buttons().size() > Items_.Count()) {
@@ -169,7 +174,8 @@ void TRadioGroup::PlaceButtons() {
   }
 }
 
-// Shows the choice on the buttons, and makes exactly one of them a tab stop.
+// Shows the choice on the buttons, and makes exactly one of them a tab stop: the one that has the focus when the group
+// is given it.
 void TRadioGroup::Check(int Index) {
   const QScopedValueRollback Guard(Checking_, true);
   Buttons_->setExclusive(false);
@@ -178,6 +184,7 @@ void TRadioGroup::Check(int Index) {
     Choice(Other)->setFocusPolicy(Other == std::max(Index, 0) ? Qt::StrongFocus : Qt::ClickFocus);
   }
   Buttons_->setExclusive(true);
+  setFocusProxy(Items_.Count() > 0 ? Choice(std::max(Index, 0)) : nullptr);
 }
 
 void TRadioGroup::Chosen(int Index) {
@@ -187,12 +194,12 @@ void TRadioGroup::Chosen(int Index) {
 }
 
 void TRadioGroup::resizeEvent(QResizeEvent* Event) {
-  QGroupBox::resizeEvent(Event);
+  TGroupBox::resizeEvent(Event);
   PlaceButtons();
 }
 
 void TRadioGroup::changeEvent(QEvent* Event) {
-  QGroupBox::changeEvent(Event);
+  TGroupBox::changeEvent(Event);
   if (Event->type() == QEvent::FontChange || Event->type() == QEvent::StyleChange) PlaceButtons();
 }
 

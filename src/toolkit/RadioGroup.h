@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QGroupBox>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "toolkit/GroupBox.h"
 #include "toolkit/Lists.h"
 #include "toolkit/zultoolkit_export.h"
 
@@ -47,9 +47,10 @@ class ZULTOOLKIT_EXPORT TRadioItems {
 /// A titled box of radio buttons in one column, 14 pixels apart, in the order of its items. None need be chosen.
 ///
 /// The buttons are QRadioButtons, children of the group, named after it and their position ("rgFindBy0"). The group is
-/// one tab stop; the arrow keys choose within it. A button's caption is shown as it is ("&" is no mnemonic) and is also
-/// its tool tip when it does not fit.
-class ZULTOOLKIT_EXPORT TRadioGroup : public QGroupBox {
+/// one tab stop, which has the place in the tab order that the group is given (`setTabOrder`), whenever its items were
+/// added; the arrow keys choose within it. A button's caption is shown as it is ("&" is no mnemonic) and is also its
+/// tool tip when it does not fit.
+class ZULTOOLKIT_EXPORT TRadioGroup : public TGroupBox {
   Q_OBJECT
  public:
   explicit TRadioGroup(QWidget* Parent = nullptr);

@@ -9,6 +9,7 @@
 #include "toolkit/EventGuard.h"
 #include "toolkit/Form.h"
 #include "toolkit/Formats.h"
+#include "toolkit/GroupBox.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Lists.h"
 #include "toolkit/RadioGroup.h"

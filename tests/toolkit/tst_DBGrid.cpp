@@ -1,5 +1,6 @@
 #include <QTest>
 #include <QtWidgets>
+#include <map>
 #include <set>
 #include <stdexcept>
 
@@ -387,16 +388,19 @@ class tst_DBGrid : public QObject {
   void shouldTakeTitleWidthAndAlignmentFromTheField() {
     TSample Form(1);
     const TColumn& Zip = *Form.Grid->Columns()[0];
-    const int Digit = QFontMetrics(TForm::FormFont()).horizontalAdvance(u'0');
+    const QFontMetricsF Metrics(TForm::FormFont());
     QCOMPARE(Zip.Title(), std::string("Zip"));
-    QCOMPARE(Zip.Width(), 10 * Digit + 4);
+    QCOMPARE(Zip.Width(), qCeil(10 * Metrics.horizontalAdvance(u'D')) + 4);  // a short text is a code, of capitals
+    QCOMPARE(Form.Grid->Columns()[1]->Field()->Size(), 30);
+    QCOMPARE(Form.Grid->Columns()[1]->Width(), qCeil(30 * Metrics.horizontalAdvance(u'0')) + 4);
     QCOMPARE(Zip.Alignment(), TAlignment::taLeftJustify);
     QCOMPARE(Form.Grid->Columns()[2]->Alignment(), TAlignment::taRightJustify);
     QCOMPARE(Form.Grid->Columns()[2]->TitleAlignment(), TAlignment::taLeftJustify);
     const std::string Label = "A label that is wider than the digits";
     Form.Cities.Zip->SetDisplayLabel(Label);
     QCOMPARE(Zip.Title(), Label);
-    QCOMPARE(Zip.Width(), QFontMetrics(TForm::TitleFont()).horizontalAdvance(QString::fromStdString(Label)) + 4);
+    const double LabelWidth = QFontMetricsF(TForm::TitleFont()).horizontalAdvance(QString::fromStdString(Label));
+    QCOMPARE(Zip.Width(), qCeil(LabelWidth) + 4);
     QCOMPARE(Form.Grid->columnWidth(0), Zip.Width() + 1);
     QCOMPARE(Form.Grid->model()->headerData(0, Qt::Horizontal).toString(), QString::fromStdString(Label));
   }
@@ -446,10 +450,10 @@ class tst_DBGrid : public QObject {
   void shouldRefuseColumnsThatThereAreNot() {
     TSample Form(1);
     for (const int Index : {-1, 3}) {
-      QVERIFY_EXCEPTION_THROWN(Form.Grid->Columns()[Index], EListError);
-      QVERIFY_EXCEPTION_THROWN(Form.Grid->RemoveColumn(Index), EListError);
+      QVERIFY_THROWS_EXCEPTION(EListError, Form.Grid->Columns()[Index]);
+      QVERIFY_THROWS_EXCEPTION(EListError, Form.Grid->RemoveColumn(Index));
     }
-    QVERIFY_EXCEPTION_THROWN(Form.Grid->InsertColumn(4, Form.Cities.Zip), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, Form.Grid->InsertColumn(4, Form.Cities.Zip));
     QCOMPARE(Form.Grid->Columns().Count(), 3);
   }
 

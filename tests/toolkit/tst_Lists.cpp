@@ -66,12 +66,12 @@ class tst_Lists : public QObject {
     TNumberList List;
     List.Add(1);
     for (const int Index : {-1, 1}) {
-      QVERIFY_EXCEPTION_THROWN(List[Index], EListError);
-      QVERIFY_EXCEPTION_THROWN(List.Put(Index, 0), EListError);
-      QVERIFY_EXCEPTION_THROWN(List.Delete(Index), EListError);
+      QVERIFY_THROWS_EXCEPTION(EListError, List[Index]);
+      QVERIFY_THROWS_EXCEPTION(EListError, List.Put(Index, 0));
+      QVERIFY_THROWS_EXCEPTION(EListError, List.Delete(Index));
     }
-    QVERIFY_EXCEPTION_THROWN(List.Insert(-1, 0), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Insert(2, 0), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Insert(-1, 0));
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Insert(2, 0));
     QCOMPARE(List.Count(), 1);
   }
 

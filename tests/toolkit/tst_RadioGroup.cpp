@@ -44,6 +44,11 @@ QStringList ButtonTexts(const TRadioGroup& Group) {
   return Result;
 }
 
+void AddStyles() {
+  QTest::addColumn<QString>("style");
+  for (const char* Style : {"Fusion", "Windows"}) QTest::newRow(Style) << QString::fromLatin1(Style);
+}
+
 }  // namespace
 
 class tst_RadioGroup : public QObject {
@@ -253,10 +258,7 @@ class tst_RadioGroup : public QObject {
     QVERIFY(Form.Group->Button(0)->toolTip().isEmpty());
   }
 
-  void shouldHaveRoomForTheLongestCaption_data() {
-    QTest::addColumn<QString>("style");
-    for (const char* Style : {"Fusion", "Windows"}) QTest::newRow(Style) << QString::fromLatin1(Style);
-  }
+  void shouldHaveRoomForTheLongestCaption_data() { AddStyles(); }
 
   void shouldHaveRoomForTheLongestCaption() {
     QFETCH(QString, style);
@@ -268,6 +270,24 @@ class tst_RadioGroup : public QObject {
     Form.Group->Items().Put(0, Caption.toStdString());
     QVERIFY(Form.Show());
     QVERIFY(Form.Group->Button(0)->toolTip().isEmpty());
+  }
+
+  void shouldHaveItsFrameAroundTheButtons_data() { AddStyles(); }
+
+  void shouldHaveItsFrameAroundTheButtons() {
+    QFETCH(QString, style);
+    QApplication::setStyle(style);
+    TSample Form;
+    Form.Group->Items().Put(0, "i");
+    QVERIFY(Form.Show());
+    const QImage Image = Form.Group->grab().toImage();
+    const int Beside = Image.width() - 8;  // right of the title and of the short captions
+    for (int Y = 0; Y < Image.height(); ++Y) {
+      const bool IsLine = Image.pixel(Beside, Y) != Image.pixel(Beside, 20);
+      const bool MayBeLine = (Y > 2 && Y < 12) || Y == Image.height() - 1;
+      QVERIFY2(!IsLine || MayBeLine, std::to_string(Y).c_str());
+    }
+    QVERIFY(Image.pixel(Beside, Image.height() - 1) != Image.pixel(Beside, 20));
   }
 
   void shouldShowWhatOnClickThrows() {
@@ -282,9 +302,9 @@ class tst_RadioGroup : public QObject {
 
   void shouldRefuseAnIndexThatThereIsNot() {
     TSample Form;
-    QVERIFY_EXCEPTION_THROWN(Form.Group->Button(3), EListError);
-    QVERIFY_EXCEPTION_THROWN(Form.Group->Items()[-1], EListError);
-    QVERIFY_EXCEPTION_THROWN(Form.Group->Items().Put(3, "x"), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, Form.Group->Button(3));
+    QVERIFY_THROWS_EXCEPTION(EListError, Form.Group->Items()[-1]);
+    QVERIFY_THROWS_EXCEPTION(EListError, Form.Group->Items().Put(3, "x"));
   }
 };
 

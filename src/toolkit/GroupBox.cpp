@@ -1,0 +1,39 @@
+#include "toolkit/GroupBox.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+namespace toolkit {
+
+namespace {
+
+constexpr int TitleLeft = 8;
+constexpr int TitleGap = 2;  // between the title and the frame's line
+constexpr qreal CornerRadius = 2;
+
+}  // namespace
+
+TGroupBox::TGroupBox(QWidget* Parent) : QGroupBox(Parent) {}
+TGroupBox::~TGroupBox() = default;
+
+void TGroupBox::paintEvent(QPaintEvent*) {
+  QPainter Painter(this);
+  const QFontMetrics Metrics = fontMetrics();
+  const QString Shown =
+      Metrics.elidedText(title(), Qt::ElideRight, std::max(width() - 2 * TitleLeft, 0), Qt::TextShowMnemonic);
+  const QRect Title(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height());
+  style()->drawItemText(&Painter, Title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
+                        isEnabled(), Shown, QPalette::WindowText);
+  if (!Shown.isEmpty()) {
+    Painter.setClipRegion(QRegion(rect()) - Title.adjusted(-TitleGap, 0, TitleGap, 0));
+  }
+  QColor Line = palette().color(QPalette::WindowText);
+  Line.setAlphaF(0.25F);
+  Painter.setPen(Line);
+  Painter.setRenderHint(QPainter::Antialiasing);
+  const qreal Top = Metrics.height() / 2 + 0.5;
+  Painter.drawRoundedRect(QRectF(0.5, Top, width() - 1, height() - Top - 0.5), CornerRadius, CornerRadius);
+}
+
+}  // namespace toolkit

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "toolkit/zultoolkit_export.h"
+
+namespace toolkit {
+
+/// A group box whose frame begins beside its title, in every style: what is placed from 15 pixels below the top on
+/// stands inside of it. (Some styles put the title above the frame, which then runs through the first of the
+/// components.)
+class ZULTOOLKIT_EXPORT TGroupBox : public QGroupBox {
+  Q_OBJECT
+ public:
+  explicit TGroupBox(QWidget* Parent = nullptr);
+  ~TGroupBox() override;
+
+ protected:
+  void paintEvent(QPaintEvent* Event) override;
+};
+
+}  // namespace toolkit
