@@ -2,12 +2,12 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QTimer>
 
 #include "frame/uZULPickListsUtils.h"
+#include "toolkit/GroupBox.h"
 #include "zulcommon/StringTable.h"
 
 namespace uZULPickPlsWait {
@@ -23,7 +23,7 @@ QString PleaseWait() { return QString::fromStdString(zulcommon::LoadZULResString
 TZULPickPlsWait::TZULPickPlsWait(QWidget* Owner, const std::string& Message, bool ShowNow) : TForm(Owner) {
   setObjectName(QStringLiteral("ZULPickPlsWait"));
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-  gbPleaseWait = new QGroupBox(this);
+  gbPleaseWait = new toolkit::TGroupBox(this);
   gbPleaseWait->setObjectName(QStringLiteral("gbPleaseWait"));
   gbPleaseWait->setGeometry(4, 4, 264, 36);
   lblStatus = new QLabel(gbPleaseWait);

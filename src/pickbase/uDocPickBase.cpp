@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -14,6 +13,7 @@
 #include "toolkit/EConvertError.h"
 #include "toolkit/EventGuard.h"
 #include "toolkit/Formats.h"
+#include "toolkit/GroupBox.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
 #include "zulcommon/Text.h"
@@ -77,7 +77,7 @@ TDocPickBase::~TDocPickBase() { dbgAvail->SetDataSet(nullptr); }
 
 void TDocPickBase::CreateList() {
   qryList_ = Named(new ads::TAdsQuery(this), "qryList_");
-  gbList = Named(new QGroupBox(pnlForm), "gbList");
+  gbList = Named(new toolkit::TGroupBox(pnlForm), "gbList");
   gbList->setGeometry(Gap, Gap, 201, ListHeight);
   dbgAvail = Named(new toolkit::TDBGrid(gbList), "dbgAvail");
   dbgAvail->setGeometry(Gap, ListPadding, 193, ListHeight - ListPadding - Gap);
@@ -85,7 +85,7 @@ void TDocPickBase::CreateList() {
 }
 
 void TDocPickBase::CreateFind() {
-  gbFind = Named(new QGroupBox(pnlForm), "gbFind");
+  gbFind = Named(new toolkit::TGroupBox(pnlForm), "gbFind");
   gbFind->setGeometry(209, 4, ChoicesWidth, 69);
   edFind = Named(new QLineEdit(gbFind), "edFind");
   edFind->setGeometry(Gap, 16, 75, 22);
@@ -215,10 +215,12 @@ void TDocPickBase::CallSetSQL() {
       Dialog.actOKUpdate();
     }
   } const Done{*this};
+  // A dialog that was closed while its query ran has nobody left to query again for.
+  const bool WasVisible = isVisible();
   do {
     QueryAgain_ = false;
     RunQuery();
-  } while (QueryAgain_);
+  } while (QueryAgain_ && isVisible() == WasVisible);
 }
 
 // One query behind the please-wait window. The window runs the event loop in a dialog that is shown already, so the user may close the

@@ -98,7 +98,7 @@ class tst_ReadingOnly : public QObject {
         "load_extension writefile readfile edit fts3_tokenizer nextval setval lo_import lo_export lo_unlink "
         "pg_sleep pg_terminate_backend pg_advisory_lock pg_read_file pg_notify dblink dblink_exec set_config setseed "
         "query_to_xml query_to_xml_and_xmlschema table_to_xml crosstab crosstab3 ts_stat txid_current openquery "
-        "xp_cmdshell";
+        "xp_cmdshell optimize sqlite_log";
     for (const QByteArray& Name : Functions.split(' ')) {
       for (const QByteArray& Called :
            {Name + "(", Name.toUpper() + " (", '[' + Name + "](", '"' + Name + "\" /* */("}) {
@@ -106,6 +106,30 @@ class tst_ReadingOnly : public QObject {
         QVERIFY2(Refusal.startsWith("A query may only read: the function"), (Called + ": " + Refusal).constData());
       }
       QCOMPARE(Verdict("SELECT " + Name.toStdString() + " FROM x"), QByteArray("accepted"));
+    }
+  }
+
+  void shouldRefuseTheTablesOfPragmas_data() {
+    QTest::addColumn<QByteArray>("Rest");
+    for (const char* Rest :
+         {"FROM pragma_optimize", "FROM Pragma_Optimize(-1)", "FROM [pragma_optimize]", "FROM \"pragma_optimize\"",
+          "FROM 'pragma_optimize'", "FROM 'PRAGMA_optimize' p", "FROM x, 'pragma_optimize'",
+          "FROM x JOIN 'pragma_optimize'", "FROM main.pragma_optimize", "FROM main.'pragma_optimize'",
+          "FROM ('pragma_optimize')", "FROM x WHERE y IN pragma_optimize", "FROM x WHERE y IN 'pragma_optimize'",
+          "FROM x WHERE EXISTS (SELECT 1 FROM /* */ 'pragma_optimize')"}) {
+      QTest::newRow(Rest) << QByteArray(Rest);
+    }
+  }
+  void shouldRefuseTheTablesOfPragmas() {
+    QFETCH(QByteArray, Rest);
+    const QByteArray Refusal = Verdict("SELECT 1 " + Rest.toStdString());
+    QVERIFY2(Refusal.startsWith("A query may only read: the table"), Refusal.constData());
+  }
+
+  void shouldLookForTheNamesOfPragmas() {
+    for (const char* Condition : {"Zip = 'pragma_optimize'", "UPPER(Zip) LIKE 'PRAGMA_OPTIMIZE'", "Zip > 'pragma_x'",
+                                  "Zip = 'a' + 'pragma_x'", "UPPER(Zip) LIKE '%PRAGMA_%'", "Zip IN ('a pragma_')"}) {
+      QCOMPARE(Verdict("SELECT Zip FROM Area WHERE " + std::string(Condition)), QByteArray("accepted"));
     }
   }
 

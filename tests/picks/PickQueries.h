@@ -1,7 +1,10 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 #include <QStringList>
@@ -34,6 +37,7 @@ inline void Ask(TDocPickBase& Dialog, int OrderBy, bool Descending, int FindBy =
   Dialog.rgOrderBy->SetItemIndex(OrderBy);
   Dialog.ckbDesc->setChecked(Descending);
   Dialog.InSetup = false;
+  const QSignalBlocker NoQuery(Dialog.edFind);
   // A change of find-by empties the box.
   Dialog.rgFindBy->SetItemIndex(FindBy);
   Dialog.edFind->setText(Find);
@@ -72,10 +76,20 @@ inline void CompareSql(TDocPickBase& Dialog, const TSqlParts& Parts) {
   Ask(Dialog, 0, false);
 }
 
-/// The handle of a SQLite connection.
-template <typename THandle>
-THandle* Handle(const QSqlDatabase& Database) {
-  return *static_cast<THandle* const*>(Database.driver()->handle().constData());
-}
+/// While it lives, a SQLite connection takes no statement longer than `Bytes`, so that a long find text makes a search
+/// fail.
+class TShortStatements {
+ public:
+  TShortStatements(const QSqlDatabase& Database, int Bytes)
+      : Handle_(*static_cast<sqlite3* const*>(Database.driver()->handle().constData())),
+        Before_(sqlite3_limit(Handle_, SQLITE_LIMIT_SQL_LENGTH, Bytes)) {}
+  ~TShortStatements() { sqlite3_limit(Handle_, SQLITE_LIMIT_SQL_LENGTH, Before_); }
+  TShortStatements(const TShortStatements&) = delete;
+  TShortStatements& operator=(const TShortStatements&) = delete;
+
+ private:
+  sqlite3* Handle_;
+  int Before_;
+};
 
 }  // namespace picks

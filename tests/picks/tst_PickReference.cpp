@@ -3,7 +3,6 @@
 
 #include <QLineEdit>
 #include <QSqlDriver>
-#include <QTemporaryFile>
 #include <QTest>
 #include <algorithm>
 
@@ -14,9 +13,9 @@
 #include "picks/reference/uPickFinance.h"
 #include "picks/reference/uPickGSTRate.h"
 #include "picks/reference/uPickUsedPeriodYear.h"
+#include "support/NumberedTexts.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
-#include "zulcommon/StringTable.h"
 #include "zulcommon/Text.h"
 
 using reference::TChoiceFacts;
@@ -40,23 +39,6 @@ void AddDialogs() {
   int Index = 0;
   for (const TDialogFacts& Dialog : reference::Dialogs()) QTest::newRow(Dialog.Name.c_str()) << Index++;
 }
-
-// While it lives, the text of every string number tells the number: "T97".
-class TNumberedTexts {
- public:
-  TNumberedTexts() {
-    if (!File_.open()) qFatal("The texts cannot be written.");
-    for (int Number = 1; Number <= 6100; ++Number) {
-      File_.write(QStringLiteral("%1\tT%1\n").arg(Number).toUtf8());
-    }
-    File_.close();
-    zulcommon::LoadStringTable(File_.fileName().toStdString());
-  }
-  ~TNumberedTexts() { zulcommon::ResetStringTable(); }
-
- private:
-  QTemporaryFile File_;
-};
 
 std::string LabelOf(const TDialogFacts& Dialog, const std::string& Field) {
   const auto Found = std::find_if(Dialog.Columns.begin(), Dialog.Columns.end(),
@@ -171,7 +153,7 @@ class tst_PickReference : public QObject {
 
 void tst_PickReference::shouldTakeTheCaptionsAndLabelsByNumber() {
   TTestCompany Company;
-  const TNumberedTexts Texts;
+  const support::TNumberedTexts Texts;
   const TDialogFacts& Expected = Facts();
   const auto Dialog = Expected.Create(Company.Connection());
   QCOMPARE(Dialog->Caption(), "Select " + Expected.Caption);

@@ -391,8 +391,7 @@ class tst_DBGrid : public QObject {
     const QFontMetricsF Metrics(TForm::FormFont());
     QCOMPARE(Zip.Title(), std::string("Zip"));
     QCOMPARE(Zip.Width(), qCeil(10 * Metrics.horizontalAdvance(u'D')) + 4);  // a short text is a code, of capitals
-    QCOMPARE(Form.Grid->Columns()[1]->Field()->Size(), 30);
-    QCOMPARE(Form.Grid->Columns()[1]->Width(), qCeil(30 * Metrics.horizontalAdvance(u'0')) + 4);
+    QCOMPARE(Form.Grid->AddColumn(Form.Cities.City).Width(), qCeil(30 * Metrics.horizontalAdvance(u'0')) + 4);
     QCOMPARE(Zip.Alignment(), TAlignment::taLeftJustify);
     QCOMPARE(Form.Grid->Columns()[2]->Alignment(), TAlignment::taRightJustify);
     QCOMPARE(Form.Grid->Columns()[2]->TitleAlignment(), TAlignment::taLeftJustify);

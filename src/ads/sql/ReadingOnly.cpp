@@ -25,7 +25,9 @@ static_assert(std::is_sorted(ChangingWords.begin(), ChangingWords.end()));
 constexpr auto ActingFunctions = std::to_array<std::string_view>(
     {// files, libraries and programs of the server's machine
      "LOAD_EXTENSION", "LOAD_FILE", "READFILE", "WRITEFILE", "EDIT", "FTS3_TOKENIZER", "LO_*", "LOREAD", "LOWRITE",
-     "SYS_EXEC", "SYS_EVAL", "XP_*",
+     "SYS_EXEC", "SYS_EVAL", "XP_*", "SQLITE_LOG",
+     // the indexes of a text search
+     "OPTIMIZE",
      // the server itself: sessions, locks, backups, files, settings, notifications, waiting
      "PG_*", "SET_CONFIG", "SETSEED", "TXID_*", "GET_LOCK", "RELEASE_LOCK", "RELEASE_ALL_LOCKS", "BENCHMARK", "SLEEP",
      "BINARY_UPGRADE_*", "BRIN_*", "GIN_CLEAN_PENDING_LIST",
@@ -47,6 +49,27 @@ bool IsActingFunction(std::string_view Name) {
                      [Name](std::string_view Function) { return Matches(Name, Function); });
 }
 
+// Where a text stands for a value for certain. SQLite also takes one for a name, wherever a table may stand.
+bool IsValue(const TStatement& Statement, std::size_t Position) {
+  const TToken& Before = Statement[Position - 1];
+  if (Before.Kind != TTokenKind::Symbol) return Before.IsWord("LIKE");
+  return !Before.IsSymbol(",") && !Before.IsSymbol("(") && !Before.IsSymbol(".");
+}
+
+// SQLite answers its pragmas as tables, too, and one of those (pragma_optimize) writes when it is read.
+bool IsPragmaTable(const TStatement& Statement, std::size_t Position) {
+  const TToken& Token = Statement[Position];
+  switch (Token.Kind) {
+    case TTokenKind::Word:
+    case TTokenKind::QuotedName:
+      return Matches(NameOf(Token), "PRAGMA_*");
+    case TTokenKind::Text:
+      return Matches(TextOf(Token), "PRAGMA_*") && !IsValue(Statement, Position);
+    default:
+      return false;
+  }
+}
+
 void CheckToken(const TStatement& Statement, std::size_t Position) {
   const TToken& Token = Statement[Position];
   if (Token.IsSymbol(";")) Statement.Refuse(Position, "A second statement");
@@ -57,6 +80,9 @@ void CheckToken(const TStatement& Statement, std::size_t Position) {
   const bool Called = (Bare || Token.Kind == TTokenKind::QuotedName) && Statement.IsSymbol(Position + 1, "(");
   if (Called && IsActingFunction(NameOf(Token))) {
     Statement.Refuse(Position, "A query may only read: the function " + std::string(Token.Source));
+  }
+  if (IsPragmaTable(Statement, Position)) {
+    Statement.Refuse(Position, "A query may only read: the table " + std::string(Token.Source));
   }
 }
 
