@@ -1,5 +1,4 @@
 #include <QPushButton>
-#include <QScrollBar>
 #include <QSet>
 #include <QTest>
 
@@ -74,8 +73,8 @@ class TStatements {
 };
 
 void Repaint(TDocPickBase& Dialog) {
-  Dialog.dbgAvail->viewport()->update();
-  QTest::qWait(30);
+  Dialog.dbgAvail->viewport()->repaint();
+  QCoreApplication::processEvents();
 }
 
 int VisibleRows(const TDocPickBase& Dialog) {
@@ -488,7 +487,9 @@ void tst_PickCustomer::shouldTellOnceWhenThereAreNoBalances() {
   const bool Chosen = Company.Pick([&](TfrmPickCustomer& Dialog) {
     ClickBox(Dialog.ckbBalance);
     Repaint(Dialog);
+    QTRY_COMPARE(Boxes.Messages().size(), std::size_t{1});
     Repaint(Dialog);
+    QTest::qWait(20);
     QCOMPARE(Boxes.Messages().size(), std::size_t{1});
     QVERIFY(Text(Boxes.Messages()[0]).contains("CustBal"));
     ClickBox(Dialog.ckbBalance);

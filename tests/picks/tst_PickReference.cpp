@@ -329,7 +329,7 @@ void tst_PickReference::shouldAddNoSelectLineForAnOrderThatThereIsNot() {
   const auto Dialog = uPickCostCenter::TfrmPickCostCenter::Create(Company.Connection());
   const TLines Before = support::Column(*Dialog, "CstCtr");
   Set(*Dialog, -1, 1, true, "ab");
-  QVERIFY_EXCEPTION_THROWN(Dialog->SetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->SetSQL());
   QCOMPARE(SqlLines(*Dialog), (TLines{"FROM CstCtr\nWHERE 0=0", "ORDER BY SortFld DESC"}));
   QCOMPARE(support::Column(*Dialog, "CstCtr"), Before);
 }
@@ -387,7 +387,7 @@ void tst_PickReference::shouldNotRebuildTheUsedYears() {
   const TLines Before = support::Column(*Dialog, "Year");
   QVERIFY(!Before.empty());
   Company.Execute("DROP TABLE Periods");
-  QVERIFY_EXCEPTION_THROWN(Dialog->SetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->SetSQL());
   QCOMPARE(Dialog->qryList_->SQL()->Count(), 3);
   QCOMPARE(support::Column(*Dialog, "Year"), Before);
 }

@@ -49,7 +49,9 @@ TErrorBoxes::TErrorBoxes() : Timer_(new QTimer) {
   Timer_->start(PollInterval);
 }
 
-TErrorBoxes::~TErrorBoxes() { delete Timer_; }
+TErrorBoxes::~TErrorBoxes() {
+  delete Timer_;
+}
 
 void TErrorBoxes::Answer() {
   auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -83,9 +85,15 @@ void ChooseOrderBy(TDocPickBase& Dialog, int Index) {
   QTest::mouseClick(Dialog.rgOrderBy->Button(Index), Qt::LeftButton, {}, QPoint(6, 7));
 }
 
-void ClickBox(QCheckBox* Box) { QTest::mouseClick(Box, Qt::LeftButton, {}, QPoint(6, Box->height() / 2)); }
-void ClickOK(TDocPickBase& Dialog) { QTest::mouseClick(Dialog.bbnOK, Qt::LeftButton); }
-void ClickCancel(TDocPickBase& Dialog) { QTest::mouseClick(Dialog.bbnCancel, Qt::LeftButton); }
+void ClickBox(QCheckBox* Box) {
+  QTest::mouseClick(Box, Qt::LeftButton, {}, QPoint(6, Box->height() / 2));
+}
+void ClickOK(TDocPickBase& Dialog) {
+  QTest::mouseClick(Dialog.bbnOK, Qt::LeftButton);
+}
+void ClickCancel(TDocPickBase& Dialog) {
+  QTest::mouseClick(Dialog.bbnCancel, Qt::LeftButton);
+}
 
 void DoubleClickRow(TDocPickBase& Dialog, int Row) {
   const QRect Cell = Dialog.dbgAvail->visualRect(Dialog.dbgAvail->model()->index(Row, 0));

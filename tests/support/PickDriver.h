@@ -9,10 +9,10 @@
 
 namespace support {
 
-/// Calls a pick function and, while it really waits in its modal dialog, `Drive` on that dialog, from a timer. A dialog that `Drive` leaves open is
-/// cancelled. Returns what the call returned; a dialog that never came up, or was of another class, ends the test program.
-bool DrivePick(const std::function<bool()>& Call,
-               const std::function<void(uDocPickBase::TDocPickBase& Dialog)>& Drive);
+/// Calls a pick function and, while it really waits in its modal dialog, `Drive` on that dialog, from a timer. A dialog
+/// that `Drive` leaves open is cancelled. Returns what the call returned; a dialog that never came up, or was of
+/// another class, ends the test program.
+bool DrivePick(const std::function<bool()>& Call, const std::function<void(uDocPickBase::TDocPickBase& Dialog)>& Drive);
 
 /// The same, with the dialog as the class that it is.
 template <typename TDialog>

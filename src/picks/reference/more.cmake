@@ -1,0 +1,2 @@
+zul_units(uPeriodPickBase uPickPeriods uPickAPAgeHist uPickItemHistPeriod uPickDepartmentMulti uPickMultiDepartments
+  uPickMultiUsers uPickSalesPerson uPickUserName)

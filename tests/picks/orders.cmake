@@ -1,0 +1,5 @@
+zul_test(tst_PickOEDoc LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickMultiOEDocs LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickOEJobAndMembers LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickARInvoice LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickBooking LIBS zultestsupport SQLite::SQLite3)

@@ -1,0 +1,5 @@
+zul_test(tst_POIcons LIBS ZUL::PickLists)
+zul_test(tst_PickPO LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickPOVariants LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickMultiPOs LIBS zultestsupport SQLite::SQLite3)
+zul_test(tst_PickPOExtras LIBS zultestsupport SQLite::SQLite3)
