@@ -22,7 +22,9 @@ QString PleaseWait() { return QString::fromStdString(zulcommon::LoadZULResString
 
 TZULPickPlsWait::TZULPickPlsWait(QWidget* Owner, const std::string& Message, bool ShowNow) : TForm(Owner) {
   setObjectName(QStringLiteral("ZULPickPlsWait"));
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+  // It never takes the keyboard from the dialog, whose user may type on.
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowDoesNotAcceptFocus);
+  setAttribute(Qt::WA_ShowWithoutActivating);
   gbPleaseWait = new toolkit::TGroupBox(this);
   gbPleaseWait->setObjectName(QStringLiteral("gbPleaseWait"));
   gbPleaseWait->setGeometry(4, 4, 264, 36);

@@ -8,7 +8,9 @@
 namespace toolkit {
 
 TForm::TForm(QWidget* Parent) : QDialog(Parent) {
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  // A frame with a close button only: the size is fixed, and there is no context help.
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
   setFont(FormFont());
   SetClientSize(width(), height());
 }

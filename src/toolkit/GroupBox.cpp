@@ -1,7 +1,10 @@
 #include "toolkit/GroupBox.h"
 
+#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 #include <algorithm>
 
 namespace toolkit {
@@ -17,11 +20,23 @@ constexpr qreal CornerRadius = 2;
 TGroupBox::TGroupBox(QWidget* Parent) : QGroupBox(Parent) {}
 TGroupBox::~TGroupBox() = default;
 
+QString TGroupBox::ShownTitle() const {
+  return fontMetrics().elidedText(title(), Qt::ElideRight, std::max(width() - 2 * TitleLeft, 0), Qt::TextShowMnemonic);
+}
+
+// A title that does not fit is to be read in its tool tip.
+bool TGroupBox::event(QEvent* Event) {
+  if (Event->type() != QEvent::ToolTip || !toolTip().isEmpty() || ShownTitle() == title()) {
+    return QGroupBox::event(Event);
+  }
+  QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), title().toHtmlEscaped(), this);
+  return true;
+}
+
 void TGroupBox::paintEvent(QPaintEvent*) {
   QPainter Painter(this);
   const QFontMetrics Metrics = fontMetrics();
-  const QString Shown =
-      Metrics.elidedText(title(), Qt::ElideRight, std::max(width() - 2 * TitleLeft, 0), Qt::TextShowMnemonic);
+  const QString Shown = ShownTitle();
   const QRect Title(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height());
   style()->drawItemText(&Painter, Title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
                         isEnabled(), Shown, QPalette::WindowText);

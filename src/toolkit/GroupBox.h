@@ -16,7 +16,11 @@ class ZULTOOLKIT_EXPORT TGroupBox : public QGroupBox {
   ~TGroupBox() override;
 
  protected:
+  bool event(QEvent* Event) override;
   void paintEvent(QPaintEvent* Event) override;
+
+ private:
+  QString ShownTitle() const;
 };
 
 }  // namespace toolkit
