@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -30,6 +31,13 @@ template <typename TDialog, typename... TArgs>
 bool PickText(std::string& Key, std::string (TDialog::*Accessor)() const, TArgs... Args) {
   Key.clear();
   return PickTextInOut<TDialog>(Key, Accessor, std::move(Args)...);
+}
+
+/// A pick with several outputs, read by `Take`: the texts `Keys` are output only, as that of `PickText`.
+template <typename TDialog, typename TTake, typename... TArgs>
+bool PickTexts(std::initializer_list<std::string*> Keys, TTake Take, TArgs... Args) {
+  for (std::string* Key : Keys) Key->clear();
+  return Pick<TDialog>(std::move(Take), std::move(Args)...);
 }
 
 /// A pick with a whole number as key: it stays as it is when nothing is chosen.

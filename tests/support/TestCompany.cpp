@@ -11,26 +11,32 @@ namespace support {
 
 namespace {
 
-// The generated company, made once a program and copied for each test.
-const QString& Original() {
+// The file that a test's company is a copy of, made once a program.
+const QString& Original(TTestCompany::TRows Rows) {
   static const QTemporaryDir Folder;
-  static const QString FileName = [] {
-    const QString Name = Folder.filePath(QStringLiteral("company.db"));
-    sample::CreateCompany(Name.toStdString(), {});
-    return Name;
-  }();
-  return FileName;
+  static const auto Make = [](const char* Name, auto Create) {
+    QString FileName = Folder.filePath(QLatin1String(Name));
+    Create(FileName.toStdString());
+    return FileName;
+  };
+  if (Rows == TTestCompany::TRows::None) {
+    static const QString Empty = Make("empty.db", [](const std::string& Name) { sample::CreateSchema(Name); });
+    return Empty;
+  }
+  static const QString Company = Make("company.db", [](const std::string& Name) { sample::CreateCompany(Name, {}); });
+  return Company;
 }
 
 }  // namespace
 
 TTestCompany::TTestCompany(TRows Rows) : FileName_(Folder_.filePath(QStringLiteral("company.db"))) {
-  if (Rows == TRows::Sample && !QFile::copy(Original(), FileName_)) qFatal("The sample company cannot be copied.");
-  if (Rows == TRows::None) sample::CreateSchema(FileName_.toStdString());
+  if (!QFile::copy(Original(Rows), FileName_)) qFatal("The sample company cannot be copied.");
   const QString Name = QUuid::createUuid().toString();
   Database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), Name);
   Database_.setDatabaseName(FileName_);
   if (!Database_.open()) qFatal("The sample company cannot be opened.");
+  // The file is gone with the test, so it need not survive a power cut.
+  Execute(QStringLiteral("PRAGMA synchronous = OFF"));
   if (Rows == TRows::None) {
     Execute(QStringLiteral("INSERT INTO Sys (QtyDec, PrcDec, MultiAcct, MultiLoc) VALUES (2, 2, 0, 0)"));
   }
