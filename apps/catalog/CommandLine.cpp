@@ -1,0 +1,148 @@
+#include "apps/catalog/CommandLine.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+#include "apps/catalog/Near.h"
+#include "zulcommon/DisplayFormats.h"
+#include "zulcommon/EZULException.h"
+#include "zulcommon/StringTable.h"
+
+namespace catalog {
+
+namespace {
+
+class TReader {
+ public:
+  TReader(const TCatalog& Catalog, const std::vector<std::string>& Words) : Catalog_(Catalog), Words_(Words) {}
+
+  TCommandLine Read() {
+    while (Next_ < Words_.size()) {
+      const std::string& Word = Words_[Next_++];
+      if (Word.starts_with("-") && Word != "-") {
+        ReadOption(Word);
+      } else {
+        ReadName(Word);
+      }
+    }
+    if (!Given_.contains("db")) {
+      if (const char* Address = std::getenv("ZUL_DB")) Result_.Database = Address;
+    }
+    return std::move(Result_);
+  }
+
+ private:
+  void ReadName(const std::string& Name) {
+    if (Result_.Pick != nullptr) throw EUsage("Nothing is known to do with \"" + Name + "\": one pick at a time.");
+    Result_.Pick = Catalog_.Find(Name);
+    if (Result_.Pick == nullptr) {
+      std::vector<std::string> Names;
+      for (const TPick& Pick : Catalog_.All()) Names.push_back(Pick.Name);
+      throw EUsage("There is no pick \"" + Name + "\"." + DidYouMean(NearNames(Name, Names)));
+    }
+    Result_.Args.emplace(Result_.Pick->Args);
+  }
+
+  void ReadOption(const std::string& Word) {
+    const std::size_t Equals = Word.find('=');
+    const std::string Option = Word.substr(0, Equals);
+    std::optional<std::string> Value;
+    if (Equals != std::string::npos) Value = Word.substr(Equals + 1);
+    const std::string Name = Option == "-h" ? "help" : Option.starts_with("--") ? Option.substr(2) : "";
+    if (std::string* Common = CommonText(Name)) {
+      Once(Name);
+      *Common = ValueOf(Option, Value);
+    } else if (bool* Switch = CommonSwitch(Name)) {
+      if (Value) throw EUsage("The option " + Option + " takes no value.");
+      *Switch = true;
+    } else {
+      ReadPickOption(Option, Name, Value);
+    }
+  }
+
+  void ReadPickOption(const std::string& Option, const std::string& Name, std::optional<std::string> Value) {
+    const TArg* Arg = FindArg(Name);
+    if (Arg == nullptr) throw EUsage("There is no option " + Option + Whose() + "." + DidYouMean(NearOptions(Name)));
+    Once(Name);
+    if (Arg->Kind == TArgKind::Boolean && !Value) Value = "yes";
+    try {
+      Result_.Args->Set(Name, ValueOf(Option, Value));
+    } catch (const EArgError& Error) {
+      throw EUsage(Error.what());
+    }
+  }
+
+  std::string* CommonText(const std::string& Name) {
+    if (Name == "db") return &Result_.Database;
+    if (Name == "strings") return &Result_.StringTable;
+    if (Name == "date-format") return &Result_.DateFormat;
+    return nullptr;
+  }
+
+  bool* CommonSwitch(const std::string& Name) {
+    if (Name == "list") return &Result_.List;
+    if (Name == "help") return &Result_.Help;
+    return nullptr;
+  }
+
+  void Once(const std::string& Name) {
+    if (!Given_.insert(Name).second) throw EUsage("The option --" + Name + " is given twice.");
+  }
+
+  // The value behind the equals sign, else the next word; a word that is an option itself was rather forgotten to be
+  // given a value.
+  std::string ValueOf(const std::string& Option, const std::optional<std::string>& Value) {
+    if (Value) return *Value;
+    if (Next_ < Words_.size() && !Words_[Next_].starts_with("--")) return Words_[Next_++];
+    throw EUsage("The option " + Option + " needs a value: " + Option + "=VALUE.");
+  }
+
+  const TArg* FindArg(const std::string& Name) const {
+    if (Result_.Pick == nullptr) return nullptr;
+    const std::vector<TArg>& Args = Result_.Pick->Args;
+    const auto Found = std::find_if(Args.begin(), Args.end(), [&](const TArg& Arg) { return Arg.Name == Name; });
+    return Found == Args.end() ? nullptr : &*Found;
+  }
+
+  std::string Whose() const {
+    return Result_.Pick != nullptr ? " of the pick " + Result_.Pick->Name : " in front of a pick's name";
+  }
+
+  std::vector<std::string> NearOptions(const std::string& Name) const {
+    std::vector<std::string> Names = CommonOptions();
+    if (Result_.Pick != nullptr) {
+      for (const TArg& Arg : Result_.Pick->Args) Names.push_back(Arg.Name);
+    }
+    std::vector<std::string> Near = NearNames(Name, Names);
+    for (std::string& Each : Near) Each.insert(0, "--");
+    return Near;
+  }
+
+  const TCatalog& Catalog_;
+  const std::vector<std::string>& Words_;
+  std::size_t Next_ = 0;
+  std::set<std::string> Given_;
+  TCommandLine Result_;
+};
+
+}  // namespace
+
+TCommandLine ReadCommandLine(const TCatalog& Catalog, const std::vector<std::string>& Words) {
+  return TReader(Catalog, Words).Read();
+}
+
+std::vector<std::string> Words(int ArgCount, char* ArgValues[]) {
+  return {ArgValues + std::min(ArgCount, 1), ArgValues + ArgCount};
+}
+
+void ApplyTexts(const TCommandLine& CommandLine) {
+  try {
+    if (!CommandLine.StringTable.empty()) zulcommon::LoadStringTable(CommandLine.StringTable);
+    if (!CommandLine.DateFormat.empty()) zulcommon::SetShortDateFormat(CommandLine.DateFormat);
+  } catch (const zulcommon::EZULException& Error) {
+    throw EUsage(Error.what());
+  }
+}
+
+}  // namespace catalog

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "apps/catalog/Catalog.h"
+
+namespace catalog {
+
+/// What the two programs are told when they are started:
+///
+///   [--db ADDRESS] [--strings FILE] [--date-format PATTERN] [--list] [--help] [NAME [options of the pick NAME]]
+///
+/// The common options may stand anywhere, those of a pick behind its name. A value stands in the next word or behind an
+/// equals sign; a Boolean option takes one only behind an equals sign.
+struct TCommandLine {
+  bool List = false;
+  bool Help = false;
+  const TPick* Pick = nullptr;
+  std::optional<TArgs> Args;  ///< whenever there is a pick
+  std::string Database;       ///< the environment's ZUL_DB when the option is not given
+  std::string StringTable;
+  std::string DateFormat;
+};
+
+/// The command line is wrong; `what()` says how, ready to be shown.
+class EUsage : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Throws `EUsage`. The catalog must live as long as the result.
+TCommandLine ReadCommandLine(const TCatalog& Catalog, const std::vector<std::string>& Words);
+
+/// The words of main's arguments without the program's own name.
+std::vector<std::string> Words(int ArgCount, char* ArgValues[]);
+
+/// Loads the string table and sets the date pattern, as given. Throws `EUsage`.
+void ApplyTexts(const TCommandLine& CommandLine);
+
+}  // namespace catalog
