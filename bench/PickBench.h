@@ -10,25 +10,47 @@
 
 namespace bench {
 
-/// The database that the benchmarks share: the sample company's tables with a million rows in those that are measured. Made at the first use, as the file that the
-/// environment variable ZUL_BENCH_DB names, else in the temporary folder, and kept there for the next run.
-ads::TAdsConnection* Company();
-std::string CompanyFile();
-void CloseCompany();
+/// A database that benchmarks share, made at its first use in the folder that the environment variable ZUL_BENCH_FOLDER
+/// names, else in the temporary one, and kept there for the next run.
+class TBenchDatabase {
+ public:
+  using TMake = void (*)(const std::string& FileName);
 
-/// What a plain C program does with a query: prepare, step to the end, read the first `Columns` columns of each row. Returns the seconds that
-/// it took, and the bytes of the values it read.
+  TBenchDatabase(const char* Name, TMake Make) : Name_(Name), Make_(Make) {}
+  ~TBenchDatabase();
+  TBenchDatabase(const TBenchDatabase&) = delete;
+  TBenchDatabase& operator=(const TBenchDatabase&) = delete;
+
+  std::string FileName();
+  ads::TAdsConnection* Connection();
+  /// To be called before the application ends.
+  void Close();
+
+ private:
+  const char* Name_;
+  TMake Make_;
+  std::unique_ptr<ads::TAdsConnection> Connection_;
+};
+
+/// A million rows in the tables of a few lookups.
+TBenchDatabase& Lookups();
+/// The sample company with a million customers, documents, purchase orders, stock rows of one parent item and payments.
+TBenchDatabase& Company();
+
+/// What a plain C program does with a query: prepare, step to the end, read the first `Columns` columns of each row.
+/// Returns the seconds that it took, and the bytes of the values it read.
 struct TPlainRun {
   double Seconds = 0;
   std::int64_t Rows = 0;
   std::int64_t Bytes = 0;
 };
-TPlainRun RunPlainly(const std::string& Sql, int Columns);
+TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Columns);
 
 using TCreate = std::function<std::unique_ptr<uDocPickBase::TDocPickBase>()>;
 
-/// Opens the pick and puts its window up, painted, alternating with the plain run of the same query. Counters: seconds of each, their ratio, and the snapshot's
-/// bytes against 1.5 times the bytes shown plus 16 a row.
-void OpenAgainstPlain(benchmark::State& State, const std::string& PlainSql, int Columns, const TCreate& Create);
+/// Opens the pick and puts its window up, painted, alternating with the plain run of the same query. Counters: seconds
+/// of each, their ratio, and the snapshot's bytes against 1.5 times the bytes shown plus 16 a row.
+void OpenAgainstPlain(benchmark::State& State, TBenchDatabase& Database, const std::string& PlainSql, int Columns,
+                      const TCreate& Create);
 
 }  // namespace bench

@@ -12,7 +12,7 @@ using uPickMultiUsers::TfrmPickMultiUsers;
 
 // A jump to a place anywhere in a million rows, painted.
 void ScrollAMillionJobs(benchmark::State& State) {
-  const auto Dialog = TfrmPickJob::Create(bench::Company());
+  const auto Dialog = TfrmPickJob::Create(bench::Lookups().Connection());
   Dialog->show();
   QScrollBar* Bar = Dialog->dbgAvail->verticalScrollBar();
   unsigned Place = 1;
@@ -26,7 +26,7 @@ BENCHMARK(ScrollAMillionJobs)->Unit(benchmark::kMillisecond);
 
 // One step of the cursor, as with the arrow keys, painted.
 void StepThroughAMillionJobs(benchmark::State& State) {
-  const auto Dialog = TfrmPickJob::Create(bench::Company());
+  const auto Dialog = TfrmPickJob::Create(bench::Lookups().Connection());
   Dialog->show();
   Dialog->qryList_->SetRecNo(500000);
   for ([[maybe_unused]] auto _ : State) {
@@ -37,7 +37,7 @@ void StepThroughAMillionJobs(benchmark::State& State) {
 BENCHMARK(StepThroughAMillionJobs)->Unit(benchmark::kMillisecond);
 
 void TickAllOfAMillionAndCollect(benchmark::State& State) {
-  const auto Dialog = TfrmPickMultiUsers::Create(bench::Company());
+  const auto Dialog = TfrmPickMultiUsers::Create(bench::Lookups().Connection());
   Dialog->show();
   for ([[maybe_unused]] auto _ : State) {
     toolkit::TStringList Keys;

@@ -12,33 +12,35 @@ using uPickJob::TfrmPickJob;
 using uPickSuburb::TfrmPickSuburb;
 
 void OpenAMillionJobs(benchmark::State& State) {
-  bench::OpenAgainstPlain(State, "SELECT j.JobNo, j.[Desc], UPPER(j.[Desc]) SortFld FROM Jobs j ORDER BY SortFld", 2,
-                          [] { return TfrmPickJob::Create(bench::Company()); });
+  bench::OpenAgainstPlain(State, bench::Lookups(),
+                          "SELECT j.JobNo, j.[Desc], UPPER(j.[Desc]) SortFld FROM Jobs j ORDER BY SortFld", 2,
+                          [] { return TfrmPickJob::Create(bench::Lookups().Connection()); });
 }
 BENCHMARK(OpenAMillionJobs)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 void OpenAMillionSuburbs(benchmark::State& State) {
-  bench::OpenAgainstPlain(State, "SELECT Suburb, UPPER(Suburb) SortFld FROM Suburb ORDER BY SortFld", 1,
-                          [] { return TfrmPickSuburb::Create(bench::Company()); });
+  bench::OpenAgainstPlain(State, bench::Lookups(), "SELECT Suburb, UPPER(Suburb) SortFld FROM Suburb ORDER BY SortFld",
+                          1, [] { return TfrmPickSuburb::Create(bench::Lookups().Connection()); });
 }
 BENCHMARK(OpenAMillionSuburbs)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 // The dialog is open already; what is measured is one search.
 void SearchAMillionJobs(benchmark::State& State) {
-  const auto Dialog = TfrmPickJob::Create(bench::Company());
+  const auto Dialog = TfrmPickJob::Create(bench::Lookups().Connection());
   Dialog->edFind->setText("repair 77");
   for ([[maybe_unused]] auto _ : State) Dialog->CallSetSQL();
-  State.counters["plain_ms"] =
-      1000 * bench::RunPlainly("SELECT j.JobNo, j.[Desc], UPPER(j.[Desc]) SortFld FROM Jobs j "
-                               "WHERE UPPER(j.[Desc]) LIKE '%REPAIR 77%' ORDER BY SortFld",
-                               2)
-                 .Seconds;
+  State.counters["plain_ms"] = 1000 * bench::RunPlainly(bench::Lookups(),
+                                                        "SELECT j.JobNo, j.[Desc], UPPER(j.[Desc]) SortFld FROM Jobs j "
+                                                        "WHERE UPPER(j.[Desc]) LIKE '%REPAIR 77%' ORDER BY SortFld",
+                                                        2)
+                                          .Seconds;
 }
 BENCHMARK(SearchAMillionJobs)->Unit(benchmark::kMillisecond);
 
 void OpenAHundredCostCentres(benchmark::State& State) {
-  bench::OpenAgainstPlain(State, "SELECT CstCtr, [Desc], [Default], UPPER([Desc]) SortFld FROM CstCtr ORDER BY SortFld",
-                          3, [] { return TfrmPickCostCenter::Create(bench::Company()); });
+  bench::OpenAgainstPlain(State, bench::Lookups(),
+                          "SELECT CstCtr, [Desc], [Default], UPPER([Desc]) SortFld FROM CstCtr ORDER BY SortFld", 3,
+                          [] { return TfrmPickCostCenter::Create(bench::Lookups().Connection()); });
 }
 BENCHMARK(OpenAHundredCostCentres)->UseManualTime()->Iterations(50)->Unit(benchmark::kMillisecond);
 

@@ -24,6 +24,7 @@ int main(int Count, char** Args) {
   if (benchmark::ReportUnrecognizedArguments(Count, Args)) return 1;
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
-  bench::CloseCompany();
+  bench::Lookups().Close();
+  bench::Company().Close();
   return 0;
 }

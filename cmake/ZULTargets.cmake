@@ -39,6 +39,7 @@ function(zul_library target)
   zul_target_defaults(${target})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${arg_ALIAS} AUTOMOC ON AUTORCC ON
+    VERIFY_INTERFACE_HEADER_SETS ON  # in the target all_verify_interface_header_sets
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   string(TOLOWER ${target} lower)
   generate_export_header(${target}

@@ -29,7 +29,9 @@ void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text,
   if (Text.empty()) return;
   const QRect Inside = Cell.adjusted(CellTextMargin, 0, -CellTextMargin, 0);
   const QString Whole = QString::fromStdString(Text).left(MaxMeasured);
-  const QString Shown = Painter.fontMetrics().elidedText(Whole, Qt::ElideRight, Inside.width());
+  QString Shown = Painter.fontMetrics().elidedText(Whole, Qt::ElideRight, Inside.width());
+  // In the narrowest columns nothing but the ellipsis would be left: the first letter says more.
+  if (Shown.size() == 1 && Whole.size() > 1) Shown = Whole.left(1);
   Painter.drawText(Inside, static_cast<int>(QtAlignment(Alignment)) | Qt::TextSingleLine, Shown);
 }
 

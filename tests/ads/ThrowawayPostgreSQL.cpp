@@ -47,42 +47,54 @@ void RunAsAccount(QProcess& Process) {
 
 }  // namespace
 
-TThrowawayPostgreSQL::TThrowawayPostgreSQL() {
-  const QString Programs = FindPrograms();
-  if (Programs.isEmpty()) {
+TThrowawayPostgreSQL::TThrowawayPostgreSQL() : Programs_(FindPrograms()) {
+  if (Programs_.isEmpty()) {
     Reason_ = "PostgreSQL's server is not installed";
   } else if (!QSqlDatabase::isDriverAvailable("QPSQL")) {
     Reason_ = "Qt's PostgreSQL driver is not installed";
-  } else if (!CreateCluster(Programs)) {
+  } else if (!CreateCluster()) {
     Reason_ = "PostgreSQL's initdb failed";
-  } else if (!Start(Programs)) {
+  } else if (!Start()) {
     Reason_ = "The PostgreSQL server does not answer";
   }
 }
 
 TThrowawayPostgreSQL::~TThrowawayPostgreSQL() {
+  Stop();
+}
+
+std::string TThrowawayPostgreSQL::Address(const QString& DatabaseName) const {
+  return "postgresql://tester@/" + DatabaseName.toStdString() + "?host=" + Host().toStdString();
+}
+
+bool TThrowawayPostgreSQL::Restart() {
+  Stop();
+  return Start();
+}
+
+void TThrowawayPostgreSQL::Stop() {
   if (Server_.state() == QProcess::NotRunning) return;
   kill(static_cast<pid_t>(Server_.processId()), SIGINT);  // a fast shutdown: it waits for no client
   if (!Server_.waitForFinished(10000)) Server_.kill();
 }
 
-bool TThrowawayPostgreSQL::CreateCluster(const QString& Programs) {
+bool TThrowawayPostgreSQL::CreateCluster() {
   const passwd* Owner = Account();
   if (Owner != nullptr && chown(QFile::encodeName(Folder_.path()).constData(), Owner->pw_uid, Owner->pw_gid) != 0) {
     return false;
   }
   QProcess Process;
   RunAsAccount(Process);
-  Process.start(Programs + "/initdb", {"-D", Folder_.filePath("data"), "-E", "UTF8", "--locale=C.UTF-8", "-U", "tester",
-                                       "--auth=trust", "--no-sync"});
+  Process.start(Programs_ + "/initdb", {"-D", Folder_.filePath("data"), "-E", "UTF8", "--locale=C.UTF-8", "-U",
+                                        "tester", "--auth=trust", "--no-sync"});
   return Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0;
 }
 
-bool TThrowawayPostgreSQL::Start(const QString& Programs) {
+bool TThrowawayPostgreSQL::Start() {
   RunAsAccount(Server_);
   Server_.setStandardOutputFile(QProcess::nullDevice());
   Server_.setStandardErrorFile(QProcess::nullDevice());
-  Server_.start(Programs + "/postgres", {"-D", Folder_.filePath("data"), "-k", Folder_.path(), "-h", "", "-F"});
+  Server_.start(Programs_ + "/postgres", {"-D", Folder_.filePath("data"), "-k", Folder_.path(), "-h", "", "-F"});
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 20000; QThread::msleep(50)) {
     const bool Answers = Connect("ThrowawayPostgreSQL").isOpen();
@@ -92,10 +104,10 @@ bool TThrowawayPostgreSQL::Start(const QString& Programs) {
   return false;
 }
 
-QSqlDatabase TThrowawayPostgreSQL::Connect(const QString& ConnectionName) const {
+QSqlDatabase TThrowawayPostgreSQL::Connect(const QString& ConnectionName, const QString& DatabaseName) const {
   QSqlDatabase Database = QSqlDatabase::addDatabase("QPSQL", ConnectionName);
   Database.setHostName(Folder_.path());
-  Database.setDatabaseName("postgres");
+  Database.setDatabaseName(DatabaseName);
   Database.setUserName("tester");
   Database.open();
   return Database;

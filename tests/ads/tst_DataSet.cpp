@@ -139,7 +139,7 @@ class tst_DataSet : public QObject {
     QVERIFY(!Query->Locate("Name", ""));
     QCOMPARE(Id->AsInteger(), 2);
     QVERIFY(Query->Locate("ID", 3));
-    QVERIFY_EXCEPTION_THROWN(Query->Locate("Nothing", true), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->Locate("Nothing", true));
   }
 
   void shouldReadAnotherRowInAScopeWithoutMoving() {
@@ -191,8 +191,8 @@ class tst_DataSet : public QObject {
     Query->Refresh();
     QVERIFY(Double->IsNull());
     QCOMPARE(Calls, 1);
-    QVERIFY_EXCEPTION_THROWN(Double->SetInteger(1), EDatabaseError);
-    QVERIFY_EXCEPTION_THROWN(Name->SetString("x"), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Double->SetInteger(1));
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Name->SetString("x"));
   }
 
   void shouldKeepItsRowsAndPlaceWhenOpeningAnewFails() {
@@ -227,9 +227,9 @@ class tst_DataSet : public QObject {
   }
 
   void shouldRefuseAFieldTwiceAndOneTooLate() {
-    QVERIFY_EXCEPTION_THROWN(Query->AddField("name", TFieldType::ftString), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->AddField("name", TFieldType::ftString));
     Query->Open();
-    QVERIFY_EXCEPTION_THROWN(Query->AddField("Cost", TFieldType::ftFloat), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->AddField("Cost", TFieldType::ftFloat));
   }
 
   void shouldNameItsFieldsAfterItself() { QCOMPARE(Name->objectName(), QString("qryName")); }
@@ -257,7 +257,7 @@ class tst_DataSet : public QObject {
     Query->Open();
     QCOMPARE(Query->RecordCount(), 4);
     SetQuery("SELECT Nothing FROM T");
-    QVERIFY_EXCEPTION_THROWN(Query->Open(), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->Open());
     QVERIFY(Db->Database.rollback());
     SetQuery("SELECT ID, Name FROM T");
     Query->Open();
@@ -276,7 +276,7 @@ class tst_DataSet : public QObject {
   void shouldRefuseAnythingButOneReadingStatement() {
     QFETCH(QString, Sql);
     SetQuery(Sql.toStdString());
-    QVERIFY_EXCEPTION_THROWN(Query->Open(), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->Open());
     SetQuery("SELECT ID, Name FROM T");
     Query->Open();
     QCOMPARE(Query->RecordCount(), 3);
@@ -320,7 +320,7 @@ class tst_DataSet : public QObject {
       Query->SetConnection(&Connection);
       QCOMPARE(MessageOf([this] { Query->Open(); }), std::string("The database connection is not open."));
       Query->SetConnection(nullptr);
-      QVERIFY_EXCEPTION_THROWN(Query->Open(), EDatabaseError);
+      QVERIFY_THROWS_EXCEPTION(EDatabaseError, Query->Open());
     }
     TTestDatabase::Close(Closed);
   }
@@ -353,11 +353,11 @@ class tst_DataSet : public QObject {
     Table.SetTableName("T");
     const TField* Key = Table.AddField("ID", TFieldType::ftAutoInc);
     const TField* Text = Table.AddField("Name", TFieldType::ftString, 10);
-    QVERIFY_EXCEPTION_THROWN(Table.FindKey(2), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Table.FindKey(2));
     Table.Open();
     QCOMPARE(Table.RecordCount(), 1);
     QCOMPARE(Key->AsInteger(), 1);
-    QVERIFY_EXCEPTION_THROWN(Table.FindKey(2), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Table.FindKey(2));
     Table.SetIndex("PK_ID", "ID");
     QVERIFY(Table.FindKey(2));
     QCOMPARE(Text->AsString(), std::string("two"));

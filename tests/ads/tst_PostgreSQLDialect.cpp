@@ -52,7 +52,7 @@ class tst_PostgreSQLDialect : public QObject {
     Row("UPPER", "SELECT upper(a) = UPPER('')",
         "SELECT upper(CAST(a AS text) COLLATE \"und-x-icu\") = UPPER(CAST('' AS text) COLLATE \"und-x-icu\")");
     Row("IIF", "SELECT IIF(a,'x', IIF( b, c , 1))Name",
-        "SELECT CASE WHEN a THEN'x' ELSE CASE WHEN  b THEN c  ELSE 1 END END AS Name");
+        "SELECT CASE WHEN a THEN 'x' ELSE CASE WHEN  b THEN c  ELSE 1 END END AS Name");
     Row("a backslash", "SELECT 'a\\''b', 'c'", "SELECT E'a\\\\''b', 'c'");
     Row("a sum of texts", "SELECT Trim(a) + ' - ' + b, a + b", "SELECT Trim(a) || ' - ' || b, a + b");
     Row("LIKE", "WHERE a LIKE 'x' AND b NOT LIKE 'y' + c OR d",

@@ -58,8 +58,8 @@ class tst_ValueLists : public QObject {
     List.Insert(0, 1);
     List.Insert(2, 3);
     QCOMPARE(std::vector<std::int32_t>(List.begin(), List.end()), (std::vector<std::int32_t>{1, 2, 3}));
-    QVERIFY_EXCEPTION_THROWN(List.Insert(4, 0), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Insert(-1, 0), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Insert(4, 0));
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Insert(-1, 0));
     QCOMPARE(List.Count(), 3);
   }
 
@@ -73,12 +73,12 @@ class tst_ValueLists : public QObject {
 
   void shouldRaiseForABadIndex() {
     TIntegerList List;
-    QVERIFY_EXCEPTION_THROWN(List.Get(0), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.First(), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Last(), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Put(0, 1), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Delete(0), EListError);
-    QVERIFY_EXCEPTION_THROWN(List.Delete(-1), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Get(0));
+    QVERIFY_THROWS_EXCEPTION(EListError, List.First());
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Last());
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Put(0, 1));
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Delete(0));
+    QVERIFY_THROWS_EXCEPTION(EListError, List.Delete(-1));
   }
 
   void shouldRemoveTheFirstEqualValue() {
@@ -120,7 +120,7 @@ class tst_ValueLists : public QObject {
     QCOMPARE(List.GetCount(), 2);
     QCOMPARE(List.GetList(0), First);
     QCOMPARE(TCounted::Alive, 2);
-    QVERIFY_EXCEPTION_THROWN(List.GetList(2), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, List.GetList(2));
     List.Clear();
     QCOMPARE(TCounted::Alive, 0);
     QCOMPARE(List.GetCount(), 0);
@@ -138,7 +138,7 @@ class tst_ValueLists : public QObject {
 
   void shouldRefuseToAddInAListWithoutAnItemClass() {
     TSimpleObjList List;
-    QVERIFY_EXCEPTION_THROWN(List.Add(), std::logic_error);
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, List.Add());
     QCOMPARE(List.GetCount(), 0);
   }
 

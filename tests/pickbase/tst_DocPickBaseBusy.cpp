@@ -113,7 +113,7 @@ bool tst_DocPickBaseBusy::Search(const QString& Text, const std::function<void()
 void tst_DocPickBaseBusy::shouldCloseWhenCancelIsClickedMeanwhile() {
   bool Open = true;
   QVERIFY(!Search(
-      "po", [&] { support::ClickCancel(*Dialog_); }, [&] { Open = Dialog_->isVisible(); }));
+      "p1", [&] { support::ClickCancel(*Dialog_); }, [&] { Open = Dialog_->isVisible(); }));
   QVERIFY(Happened_);
   QVERIFY(!Open);
   QCOMPARE(Dialog_->Queries, 2);
@@ -123,7 +123,7 @@ void tst_DocPickBaseBusy::shouldCloseWhenCancelIsClickedMeanwhile() {
 void tst_DocPickBaseBusy::shouldCloseByEscapeMeanwhile() {
   bool Open = true;
   QVERIFY(!Search(
-      "po", [&] { QTest::keyClick(Dialog_->edFind, Qt::Key_Escape); }, [&] { Open = Dialog_->isVisible(); }));
+      "p1", [&] { QTest::keyClick(Dialog_->edFind, Qt::Key_Escape); }, [&] { Open = Dialog_->isVisible(); }));
   QVERIFY(Happened_);
   QVERIFY(!Open);
 }
@@ -133,7 +133,7 @@ void tst_DocPickBaseBusy::shouldNotBeConfirmedMeanwhile() {
   bool Open = false;
   bool EnabledAfterwards = false;
   QVERIFY(!Search(
-      "po",
+      "p1",
       [&] {
         Enabled = Dialog_->bbnOK->isEnabled();
         support::ClickOK(*Dialog_);
@@ -149,18 +149,18 @@ void tst_DocPickBaseBusy::shouldNotBeConfirmedMeanwhile() {
 }
 
 void tst_DocPickBaseBusy::shouldQueryOnceMoreForASecondEnter() {
-  Search("po", [&] { support::TypeFind(*Dialog_, "po100003"); });
+  Search("p1", [&] { support::TypeFind(*Dialog_, "p100003"); });
   QVERIFY(Happened_);
   QCOMPARE(Dialog_->Queries, 3);
-  QCOMPARE(Column(*Dialog_, "Number"), TLines{"PO100003"});
+  QCOMPARE(Column(*Dialog_, "Number"), TLines{"P100003"});
 }
 
 void tst_DocPickBaseBusy::shouldQueryOnceMoreForManyChanges() {
-  Search("po", [&] {
-    support::TypeFind(*Dialog_, "po100004");
+  Search("p1", [&] {
+    support::TypeFind(*Dialog_, "p100004");
     support::ChooseOrderBy(*Dialog_, TPurchaseDialog::ByDate);
     support::ClickBox(Dialog_->ckbDesc);
-    support::TypeFind(*Dialog_, "po10000");
+    support::TypeFind(*Dialog_, "p10000");
   });
   QVERIFY(Happened_);
   QCOMPARE(Dialog_->Queries, 3);
@@ -169,7 +169,7 @@ void tst_DocPickBaseBusy::shouldQueryOnceMoreForManyChanges() {
 }
 
 void tst_DocPickBaseBusy::shouldQueryAgainWithTheNewOrder() {
-  Search("po", [&] { support::ChooseOrderBy(*Dialog_, TPurchaseDialog::ByDate); });
+  Search("p1", [&] { support::ChooseOrderBy(*Dialog_, TPurchaseDialog::ByDate); });
   QVERIFY(Happened_);
   QCOMPARE(Dialog_->Queries, 3);
   const TLines Dates = Column(*Dialog_, "Date");
@@ -186,8 +186,8 @@ void tst_DocPickBaseBusy::shouldShowTheWholeListWhenTheTextIsDeletedMeanwhile() 
 }
 
 void tst_DocPickBaseBusy::shouldNotQueryAgainInAClosedWindow() {
-  QVERIFY(!Search("po", [&] {
-    support::TypeFind(*Dialog_, "po100003");
+  QVERIFY(!Search("p1", [&] {
+    support::TypeFind(*Dialog_, "p100003");
     Dialog_->close();
   }));
   QVERIFY(Happened_);
@@ -203,7 +203,7 @@ void tst_DocPickBaseBusy::shouldNotQueryWhenTheWindowWasClosedBefore() {
                      [&](TDocPickBase&) {
                        QMetaObject::invokeMethod(
                            this, [this] { Dialog_->close(); }, Qt::QueuedConnection);
-                       support::TypeFind(*Dialog_, "po100003");
+                       support::TypeFind(*Dialog_, "p100003");
                        Open = Dialog_->isVisible();
                      }));
   QVERIFY(!Open);
@@ -213,7 +213,7 @@ void tst_DocPickBaseBusy::shouldNotQueryWhenTheWindowWasClosedBefore() {
 
 void tst_DocPickBaseBusy::shouldScrollTheOldListMeanwhile() {
   int Meanwhile = 0;
-  Search("po", [&] {
+  Search("p1", [&] {
     QTest::keyClick(Dialog_->dbgAvail, Qt::Key_End);
     Meanwhile = Dialog_->qryList_->RecNo();
   });
@@ -223,19 +223,19 @@ void tst_DocPickBaseBusy::shouldScrollTheOldListMeanwhile() {
 }
 
 void tst_DocPickBaseBusy::shouldKeepTheOldListWhenReadingFailsHalfway() {
-  Dialog_->NumberColumn = "host_slow(Number, 'PO100590') Number";
+  Dialog_->NumberColumn = "host_slow(Number, 'P100590') Number";
   TErrorBoxes Boxes;
-  Search("po", [&] { QTest::keyClick(Dialog_->dbgAvail, Qt::Key_Down); });
+  Search("p1", [&] { QTest::keyClick(Dialog_->dbgAvail, Qt::Key_Down); });
   QCOMPARE(Boxes.Messages(), TLines{"The host's function has failed."});
   QCOMPARE(Dialog_->qryList_->RecordCount(), 600);
-  QCOMPARE(Column(*Dialog_, "Number").at(589), std::string("PO100590"));
+  QCOMPARE(Column(*Dialog_, "Number").at(589), std::string("P100590"));
   QVERIFY(Dialog_->actOK->isEnabled());
 }
 
 void tst_DocPickBaseBusy::shouldQueryAgainAfterAFailureMeanwhile() {
   TErrorBoxes Boxes;
   Search(
-      "po",
+      "p1",
       [&] {
         support::ChooseFindBy(*Dialog_, TPurchaseDialog::ByDate);
         support::TypeFind(*Dialog_, "no date");
@@ -249,7 +249,7 @@ void tst_DocPickBaseBusy::shouldQueryAgainAfterAFailureMeanwhile() {
 
 void tst_DocPickBaseBusy::shouldNotLetTheWaitWindowBeClosed() {
   bool StillShown = false;
-  Search("po", [&] {
+  Search("p1", [&] {
     auto* Wait = Dialog_->findChild<uZULPickPlsWait::TZULPickPlsWait*>();
     QTest::keyClick(Wait, Qt::Key_Escape);
     Wait->close();

@@ -64,11 +64,26 @@ inline std::vector<TStatePair> StatePairs() {
   return Pairs;
 }
 
-/// The entries of a query joined for `picks::TSqlParts::From`: some, the state lines, some more.
+/// The entries between SELECT line and find line: some, the state lines, some more.
 inline QString FromLines(TLines Lines, const TStatePair& States, const TLines& More = {}) {
   for (const std::string& Line : StateLines(States.Required, States.Excluded)) Lines.push_back(Line);
   Lines.insert(Lines.end(), More.begin(), More.end());
   return picks::Joined(Lines);
+}
+
+/// Compares the SQL of a dialog for every pair of sets of states, and for two of them in every order and search.
+/// `Create` makes the dialog for a pair, `Expected` tells what its SQL is made of.
+inline void CompareSqlInStates(
+    const std::function<std::unique_ptr<uDocPickBase::TDocPickBase>(const TStatePair& States)>& Create,
+    const std::function<picks::TSqlParts(const TStatePair& States)>& Expected) {
+  for (const TStatePair& States : StatePairs()) {
+    const auto Dialog = Create(States);
+    const picks::TSqlParts Parts = Expected(States);
+    QCOMPARE(picks::SqlFor(*Dialog, 0, true), Parts.Selects[0] + " | " + Parts.From + " | ORDER BY SortFld DESC");
+  }
+  for (const TStatePair& States : {TStatePair{}, TStatePair{{TPOState::poReceipted}, {TPOState::poClosed}}}) {
+    picks::CompareSql(*Create(States), Expected(States));
+  }
 }
 
 /// With this pattern for dates, a text that is a date and that any other column can be searched for, too.
@@ -77,6 +92,8 @@ inline const QString TypedDate = QStringLiteral("12/03/2024");
 
 /// Vendors V1 "Zenith" and V2 "acme", customers C1 "Bright" and C2 "O'Neil", in tables without other rows.
 inline void AddParties(support::TTestCompany& Company) {
+  // These rows need not outlive the test, so nothing waits for the disk.
+  Company.Execute("PRAGMA synchronous = OFF");
   Company.Execute("INSERT INTO Vend (ID, Company) VALUES ('V1', 'Zenith'), ('V2', 'acme')");
   Company.Execute(
       "INSERT INTO Cust (ID, Company, Addr1, Phone) VALUES ('C1', 'Bright', '1 High St', '111'), "

@@ -392,7 +392,7 @@ class tst_PickBooking : public QObject {
   void shouldReportAQuoteInTheVendorCode() {
     TBookings Company;
     std::string BookingID = "before";
-    QVERIFY_EXCEPTION_THROWN(CallPickBooking(Company.Connection(), {}, "O'N", BookingID), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickBooking(Company.Connection(), {}, "O'N", BookingID));
     QCOMPARE(BookingID, "");
   }
 

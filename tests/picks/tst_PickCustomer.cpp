@@ -157,7 +157,7 @@ void tst_PickCustomer::shouldAskForNothingByAnUnknownOrder() {
   TSmallCompany Company;
   const auto Dialog = Company.Dialog();
   Ask(*Dialog, -1, false, -1, "x");
-  QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
   QCOMPARE(Joined(SqlLines(*Dialog)), QString("FROM Cust C\nWHERE 0=0\nAND C.Inactive = False | ORDER BY SortFld"));
   QCOMPARE(Customers(*Dialog), QString("C6 | C2 | C1 | C3 | C4"));
 }
@@ -296,8 +296,7 @@ void tst_PickCustomer::shouldFailForAnEntityWithAQuote() {
   TSmallCompany Company;
   for (const char* Entity : {"O'H", "'", "x'; DELETE FROM Cust; --"}) {
     std::string CustID = "old";
-    QVERIFY_EXCEPTION_THROWN(CallCustomerPick(Company.Connection(), CustID, true, Entity, true, false),
-                             ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallCustomerPick(Company.Connection(), CustID, true, Entity, true, false));
     QCOMPARE(CustID, std::string("old"));
   }
   QCOMPARE(Company.Text(QStringLiteral("SELECT COUNT(*) FROM Cust")), std::string("7"));
@@ -332,7 +331,7 @@ void tst_PickCustomer::shouldKeepTheCustomerWhenNothingIsPicked() {
                      }));
   QCOMPARE(CustID, std::string("old"));
   Company.Execute(QStringLiteral("DROP TABLE Cust"));
-  QVERIFY_EXCEPTION_THROWN(CallCustomerPick(Company.Connection(), CustID, false, "", true, false), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallCustomerPick(Company.Connection(), CustID, false, "", true, false));
   QCOMPARE(CustID, std::string("old"));
 }
 

@@ -124,7 +124,7 @@ void tst_PickEmails::shouldAskForNothingByAnUnknownOrder() {
   TSmallCompany Company;
   const auto Dialog = TfrmDocPickCustEmails::Create(Company.Connection(), true);
   Ask(*Dialog, -1, false);
-  QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
   QCOMPARE(Joined(SqlLines(*Dialog)),
            QString("FROM Cust C | WHERE 0=0 | AND C.Email <> '' | UNION ALL | FROM Contact T INNER JOIN Cust C ON "
                    "T.ID = C.ID | WHERE 0=0 | AND T.Email <> '' | AND T.ID IS NOT NULL | ORDER BY SortFld"));
@@ -342,10 +342,10 @@ void tst_PickEmails::shouldEmptyTheAddressOfTheContactPicks() {
   QCOMPARE(Email, std::string());
   Company.Execute(QStringLiteral("DROP TABLE Contact"));
   Email = "old";
-  QVERIFY_EXCEPTION_THROWN(CallPickCustomerEmailAddress(Company.Connection(), Email), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickCustomerEmailAddress(Company.Connection(), Email));
   QCOMPARE(Email, std::string());
   Email = "old";
-  QVERIFY_EXCEPTION_THROWN(CallPickProspectEmailAddress(Company.Connection(), Email), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickProspectEmailAddress(Company.Connection(), Email));
   QCOMPARE(Email, std::string());
 }
 
@@ -359,7 +359,7 @@ void tst_PickEmails::shouldKeepTheAddressOfTheVendorPick() {
                      }));
   QCOMPARE(Email, std::string("old"));
   Company.Execute(QStringLiteral("DROP TABLE Vend"));
-  QVERIFY_EXCEPTION_THROWN(CallVendorEmailsPick(Company.Connection(), Email), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallVendorEmailsPick(Company.Connection(), Email));
   QCOMPARE(Email, std::string("old"));
 }
 

@@ -264,8 +264,7 @@ class tst_PickMultiOEDocs : public QObject {
   void shouldReportAQuoteInTheCustomerCode() {
     TSmallCompany Company;
     TStringList List;
-    QVERIFY_EXCEPTION_THROWN(CallPickMultiOEDocs(Company.Connection(), "O'N", TDocType::dtOrder, {}, {}, &List),
-                             ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickMultiOEDocs(Company.Connection(), "O'N", TDocType::dtOrder, {}, {}, &List));
     QCOMPARE(List.Count(), 0);
   }
 };

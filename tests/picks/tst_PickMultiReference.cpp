@@ -109,7 +109,7 @@ void tst_PickMultiReference::shouldAskForUsers() {
       SqlFor(*Dialog, 1, true, -1, "x"),
       QString("SELECT n.UserName, n.DisplayNm, UPPER(n.DisplayNm) SortFld | FROM Names n | ORDER BY SortFld DESC"));
   Ask(*Dialog, -1, true);
-  QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
   QCOMPARE(Joined(SqlLines(*Dialog)), QString("FROM Names n | ORDER BY SortFld DESC"));
 }
 
@@ -137,7 +137,7 @@ void tst_PickMultiReference::shouldAskForDepartmentsWhateverIsChosen() {
   QCOMPARE(SqlFor(*Twin, 0, false, -1, "x"),
            QString("SELECT d.Department, UPPER(d.Department) SortFld | FROM Dept d | ORDER BY SortFld"));
   Ask(*Twin, -1, false);
-  QVERIFY_EXCEPTION_THROWN(Twin->CallSetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Twin->CallSetSQL());
 }
 
 void tst_PickMultiReference::shouldShowUsers() {
@@ -402,12 +402,11 @@ void tst_PickMultiReference::shouldReplaceWhatTheListHeld() {
 void tst_PickMultiReference::shouldFailForUsersWithoutAList() {
   TSmallCompany Company;
   const auto Call = [&] { return CallMultiUsersPick(nullptr, Company.Connection()); };
-  QVERIFY_EXCEPTION_THROWN(DriveMulti(Call,
+  QVERIFY_THROWS_EXCEPTION(std::invalid_argument, DriveMulti(Call,
                                       [](TDocPickMultiBase& Dialog) {
                                         PressSpaceOn(Dialog, 0);
                                         ClickOK(Dialog);
-                                      }),
-                           std::invalid_argument);
+                                      }));
   QVERIFY(QApplication::activeModalWidget() == nullptr);
   // Cancelled, it needs none.
   QVERIFY(!DriveMulti(Call, [](TDocPickMultiBase& Dialog) { ClickCancel(Dialog); }));
@@ -469,10 +468,10 @@ void tst_PickMultiReference::shouldPassOnAFailureOfTheList() {
   TStringList Picked;
   Picked.Add("old");
   std::string Departments = "old";
-  QVERIFY_EXCEPTION_THROWN(CallDepartmentsPick(&Picked, Company.Connection()), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallMultiDepartmentsPick(&Picked, Company.Connection()), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallMultiUsersPick(&Picked, Company.Connection()), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallDepartmentsPick(Departments, Company.Connection()), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallDepartmentsPick(&Picked, Company.Connection()));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallMultiDepartmentsPick(&Picked, Company.Connection()));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallMultiUsersPick(&Picked, Company.Connection()));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallDepartmentsPick(Departments, Company.Connection()));
   QCOMPARE(Joined({Picked.begin(), Picked.end()}), QString("old"));
   QCOMPARE(Departments, std::string());
 }

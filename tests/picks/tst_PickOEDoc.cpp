@@ -260,11 +260,10 @@ class tst_PickOEDoc : public QObject {
 
   void shouldReportAQuoteInTheCustomerCode() {
     TSmallCompany Company;
-    QVERIFY_EXCEPTION_THROWN(Create(Company, "O'N"), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Create(Company, "O'N"));
     std::string DocNo = "before";
     TDocType DocType = TDocType::dtService;
-    QVERIFY_EXCEPTION_THROWN(CallPickOEDoc(Company.Connection(), "O'N", Orders, {}, {}, DocNo, DocType),
-                             ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEDoc(Company.Connection(), "O'N", Orders, {}, {}, DocNo, DocType));
     QCOMPARE(DocNo, "");
     QCOMPARE(DocType, TDocType::dtService);
   }
@@ -306,7 +305,7 @@ class tst_PickOEDoc : public QObject {
     Add(Company, {"O", "1"});
     const auto Dialog = Create(Company);
     Company.Execute("DROP TABLE Jobs");
-    QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
     QCOMPARE(Column(*Dialog, "Number"), QString("1"));
   }
 

@@ -239,7 +239,7 @@ class tst_PickOEJobAndMembers : public QObject {
     const auto Dialog = CreateMembers(Company);
     for (const char* Find : {"", "1/2/2024"}) {
       picks::Ask(*Dialog, 4, true, 3, Find);
-      QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
       QCOMPARE(Sql(*Dialog), QString(Members).replace(" | ", "\n") + " | ORDER BY SortFld DESC");
       QCOMPARE(Column(*Dialog, "Number"), QString("102 | 103 | 101"));
     }
@@ -270,7 +270,7 @@ class tst_PickOEJobAndMembers : public QObject {
     TGroups Company;
     const auto Dialog = CreateMembers(Company);
     Company.Execute("DROP TABLE OEQuoteGrps");
-    QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
     QVERIFY(!Dialog->qryList_->Active());
     QVERIFY(!Dialog->actOK->isEnabled());
   }
@@ -278,11 +278,9 @@ class tst_PickOEJobAndMembers : public QObject {
   void shouldFailWithoutACustomerWhileItIsCreated() {
     TGroups Company;
     for (const char* Customer : {"", "  "}) {
-      QVERIFY_EXCEPTION_THROWN(TfrmPickOEMemberOfGroup::Create(Company.Connection(), Customer, "900"),
-                               ads::EDatabaseError);
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, TfrmPickOEMemberOfGroup::Create(Company.Connection(), Customer, "900"));
       std::string DocNo = "before";
-      QVERIFY_EXCEPTION_THROWN(CallPickOEMemberOfGroup(Company.Connection(), Customer, "900", DocNo),
-                               ads::EDatabaseError);
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEMemberOfGroup(Company.Connection(), Customer, "900", DocNo));
       QCOMPARE(DocNo, "");
     }
   }
@@ -290,9 +288,9 @@ class tst_PickOEJobAndMembers : public QObject {
   void shouldReportQuotesInTheCodes() {
     TGroups Company;
     std::string DocNo = "before";
-    QVERIFY_EXCEPTION_THROWN(CallPickOEMemberOfGroup(Company.Connection(), "O'N", "900", DocNo), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEMemberOfGroup(Company.Connection(), "O'N", "900", DocNo));
     QCOMPARE(DocNo, "");
-    QVERIFY_EXCEPTION_THROWN(CallPickOEMemberOfGroup(Company.Connection(), "C1", "9'0", DocNo), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEMemberOfGroup(Company.Connection(), "C1", "9'0", DocNo));
   }
 
   void shouldListOnlyMembersOfTheCustomersGroup() {

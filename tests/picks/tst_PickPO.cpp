@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "ads/EDatabaseError.h"
-#include "support/NumberedTexts.h"
 #include "picks/PurchaseOrders.h"
 #include "picks/purchasing/uPickAnyPO.h"
+#include "support/NumberedTexts.h"
 #include "toolkit/Formats.h"
 #include "zulcommon/EZULException.h"
 
@@ -234,11 +234,13 @@ void tst_PickPO::shouldPlaceTheTaxBoxUnderTheDescendingOne() {
 
 void tst_PickPO::shouldBuildTheSqlLetterByLetter() {
   TTestCompany Company(TTestCompany::TRows::None);
-  for (const std::string& Vendor : {std::string(), std::string("V1")}) {
-    for (const TStatePair& States : StatePairs()) {
-      const auto Dialog = TfrmPickPO::Create(Company.Connection(), States.Required, States.Excluded, Vendor);
-      picks::CompareSql(*Dialog, SqlParts(FromLines(FromVendor(Vendor.empty() ? "" : "AND I.ID = 'V1'"), States)));
-    }
+  for (const char* Vendor : {"", "V1"}) {
+    const TLines Lines = FromVendor(*Vendor == 0 ? "" : "AND I.ID = 'V1'");
+    CompareSqlInStates(
+        [&](const TStatePair& States) {
+          return TfrmPickPO::Create(Company.Connection(), States.Required, States.Excluded, Vendor);
+        },
+        [&](const TStatePair& States) { return SqlParts(FromLines(Lines, States)); });
   }
 }
 
@@ -272,7 +274,7 @@ void tst_PickPO::shouldAddNothingForChoicesThatThereAreNot() {
   QCOMPARE(SqlFor(*Dialog, 0, false, -1, "PO"),
            Select + "UPPER(I.Number) SortFld | " + Joined(From) + " | ORDER BY SortFld");
   const TLines Before = support::Column(*Dialog, "Number");
-  QVERIFY_EXCEPTION_THROWN(SqlFor(*Dialog, -1, true), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, SqlFor(*Dialog, -1, true));
   QCOMPARE(Joined(support::SqlLines(*Dialog)), Joined(From) + " | ORDER BY SortFld DESC");
   QCOMPARE(support::Column(*Dialog, "Number"), Before);
 }
@@ -531,7 +533,7 @@ void tst_PickPO::shouldNotCheckABlankDate() {
   const auto Dialog = AllOrders(Company);
   const QString Plain = Select + "UPPER(I.Number) SortFld | " + Joined(From) + " | ORDER BY SortFld";
   for (const char* Blank : {"", "   "}) QCOMPARE(SqlFor(*Dialog, 0, false, 1, Blank), Plain);
-  QVERIFY_EXCEPTION_THROWN(SqlFor(*Dialog, 0, false, 1, "yesterday"), zulcommon::EZULException);
+  QVERIFY_THROWS_EXCEPTION(zulcommon::EZULException, SqlFor(*Dialog, 0, false, 1, "yesterday"));
   QCOMPARE(Joined(support::SqlLines(*Dialog)), Plain);
 }
 

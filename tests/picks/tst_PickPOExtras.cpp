@@ -182,7 +182,7 @@ void tst_PickPOExtras::shouldRejectWhatIsNoIdentifier() {
   const auto Dialog = TfrmPickPOExtras::Create(Company.Connection(), "V00001");
   const QString Before = SqlFor(*Dialog, 1, false);
   for (const char* Typed : {"x", "1.5", "1 OR 1=1", "99999999999", "1e2", "'1'"}) {
-    QVERIFY_EXCEPTION_THROWN(SqlFor(*Dialog, 1, false, 0, Typed), zulcommon::EZULException);
+    QVERIFY_THROWS_EXCEPTION(zulcommon::EZULException, SqlFor(*Dialog, 1, false, 0, Typed));
     QCOMPARE(Joined(support::SqlLines(*Dialog)), Before);
   }
   QCOMPARE(SqlFor(*Dialog, 1, false, 0, "  "), Before);
@@ -242,7 +242,7 @@ void tst_PickPOExtras::shouldShowTheWholeListWhenTheSearchFails() {
                      Descending ? "ORDER BY SortFld DESC" : "ORDER BY SortFld"}));
     QCOMPARE(Dialog->qryList_->RecordCount(), 10);
   }
-  QVERIFY_EXCEPTION_THROWN(SqlFor(*Dialog, -1, false, 1, "x"), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, SqlFor(*Dialog, -1, false, 1, "x"));
   QCOMPARE(support::SqlLines(*Dialog).size(), std::size_t{2});
 }
 
@@ -354,7 +354,7 @@ void tst_PickPOExtras::shouldRaiseTheServersErrorToTheCaller() {
   TIntegerList List;
   List.Add(7);
   for (const char* Vendor : {"V'1", "'", "O'N"}) {
-    QVERIFY_EXCEPTION_THROWN(CallPickPOExtras(Company.Connection(), Vendor, &List), ads::EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickPOExtras(Company.Connection(), Vendor, &List));
   }
   QCOMPARE(ValuesOf(List), TIDs{7});
 }

@@ -280,18 +280,17 @@ void tst_PickPOVariants::shouldBuildTheSqlOfCustomerOrdersLetterByLetter() {
   const TLines Customer{"AND I.CustID = 'C1'"};
   const TLines Document{"AND I.PONumber = '100'", "AND I.POType = 'I'"};
   const TLines Both{Customer[0], Document[0], Document[1]};
-  for (const TStatePair& States : StatePairs()) {
-    const auto Compare = [&](const TCustKeys& Keys, int Count, const TLines& Lines) {
-      picks::CompareSql(*CustPO(Company, Keys, States), CustSql(Count, FromLines(CustFrom, States, Lines)));
-    };
-    Compare({}, 6, {});
-    Compare({" ", "", "I"}, 6, {});
-    Compare({"C1", " ", "I"}, 5, Customer);
-    Compare({"", "100", "I"}, 3, Document);
-    Compare({"", "100", " "}, 3, {});
-    Compare({"C1", "100", ""}, 3, Customer);
-    Compare({"C1", "100", "I"}, 3, Both);
-  }
+  const auto Compare = [&](const TCustKeys& Keys, int Count, const TLines& Lines) {
+    CompareSqlInStates([&](const TStatePair& States) { return CustPO(Company, Keys, States); },
+                       [&](const TStatePair& States) { return CustSql(Count, FromLines(CustFrom, States, Lines)); });
+  };
+  Compare({}, 6, {});
+  Compare({" ", "", "I"}, 6, {});
+  Compare({"C1", " ", "I"}, 5, Customer);
+  Compare({"", "100", "I"}, 3, Document);
+  Compare({"", "100", " "}, 3, {});
+  Compare({"C1", "100", ""}, 3, Customer);
+  Compare({"C1", "100", "I"}, 3, Both);
 }
 
 void tst_PickPOVariants::shouldPutTheKeysInAsTheyAre() {
@@ -363,15 +362,18 @@ void tst_PickPOVariants::shouldBuildTheSqlOfCustomersLetterByLetter() {
   TTestCompany Company(TTestCompany::TRows::None);
   const QString Select = QStringLiteral("SELECT DISTINCT I.CustID, C.Company, C.Addr1, C.Phone, ");
   const TLines From{"FROM IP I INNER JOIN Cust C ON (I.CustID = C.ID)", "WHERE I.Type = 'P'"};
-  for (const TStatePair& States : StatePairs()) {
-    picks::CompareSql(*TfrmPickCustWithPO::Create(Company.Connection(), States.Required, States.Excluded),
-                      {{Select + "UPPER(I.CustID) SortFld", Select + "UPPER(C.Company) SortFld",
-                        Select + "UPPER(C.Addr1) SortFld", Select + "UPPER(C.Phone) SortFld"},
-                       FromLines(From, States),
-                       TypedDate,
-                       {"AND UPPER(I.CustID)" + Like, "AND UPPER(C.Company)" + Like, "AND UPPER(C.Addr1)" + Like,
-                        "AND UPPER(C.Phone)" + Like}});
-  }
+  CompareSqlInStates(
+      [&](const TStatePair& States) {
+        return TfrmPickCustWithPO::Create(Company.Connection(), States.Required, States.Excluded);
+      },
+      [&](const TStatePair& States) -> picks::TSqlParts {
+        return {{Select + "UPPER(I.CustID) SortFld", Select + "UPPER(C.Company) SortFld",
+                 Select + "UPPER(C.Addr1) SortFld", Select + "UPPER(C.Phone) SortFld"},
+                FromLines(From, States),
+                TypedDate,
+                {"AND UPPER(I.CustID)" + Like, "AND UPPER(C.Company)" + Like, "AND UPPER(C.Addr1)" + Like,
+                 "AND UPPER(C.Phone)" + Like}};
+      });
 }
 
 void tst_PickPOVariants::shouldListACustomerWithSeveralOrdersOnce() {
@@ -427,13 +429,15 @@ void tst_PickPOVariants::shouldHideTheCustomerThatTheHostKnows() {
 
 void tst_PickPOVariants::shouldBuildTheSqlOfDocumentsLetterByLetter() {
   TTestCompany Company(TTestCompany::TRows::None);
-  for (const TStatePair& States : StatePairs()) {
-    picks::CompareSql(*OEDoc(Company, "", States), DocSql(0, FromLines(DocFrom, States)));
-    picks::CompareSql(*OEDoc(Company, " \t", States), DocSql(0, FromLines(DocFrom, States)));
-    picks::CompareSql(*OEDoc(Company, "C1", States), DocSql(2, FromLines(DocFrom, States)));
-    // The code is in no query, so it can break none.
-    picks::CompareSql(*OEDoc(Company, "O'N", States), DocSql(2, FromLines(DocFrom, States)));
-  }
+  const auto Compare = [&](const char* CustID, int First) {
+    CompareSqlInStates([&](const TStatePair& States) { return OEDoc(Company, CustID, States); },
+                       [&](const TStatePair& States) { return DocSql(First, FromLines(DocFrom, States)); });
+  };
+  Compare("", 0);
+  Compare(" \t", 0);
+  Compare("C1", 2);
+  // The code is in no query, so it can break none.
+  Compare("O'N", 2);
 }
 
 void tst_PickPOVariants::shouldListTheDocumentsOfAllCustomers() {
@@ -487,12 +491,20 @@ void tst_PickPOVariants::shouldShowTheOrdersOfOneKind() {
 void tst_PickPOVariants::shouldBuildTheSqlOfOneKindLetterByLetter() {
   TTestCompany Company(TTestCompany::TRows::None);
   const std::string From = "FROM IP I INNER JOIN Vend V ON (I.ID = V.ID)";
-  for (const TStatePair& States : StatePairs()) {
-    picks::CompareSql(*TfrmPickStockPO::Create(Company.Connection(), States.Required, States.Excluded),
-                      KindSql(FromLines({From, "WHERE (I.Type IS NULL)"}, States)));
-    picks::CompareSql(*TfrmPickMultiPO::Create(Company.Connection(), States.Required, States.Excluded),
-                      KindSql(FromLines({From, "WHERE (I.Type = 'M')"}, States)));
-  }
+  CompareSqlInStates(
+      [&](const TStatePair& States) {
+        return TfrmPickStockPO::Create(Company.Connection(), States.Required, States.Excluded);
+      },
+      [&](const TStatePair& States) {
+        return KindSql(FromLines({From, "WHERE (I.Type IS NULL)"}, States));
+      });
+  CompareSqlInStates(
+      [&](const TStatePair& States) {
+        return TfrmPickMultiPO::Create(Company.Connection(), States.Required, States.Excluded);
+      },
+      [&](const TStatePair& States) {
+        return KindSql(FromLines({From, "WHERE (I.Type = 'M')"}, States));
+      });
 }
 
 void tst_PickPOVariants::shouldListOnlyTheKind() {
@@ -589,7 +601,7 @@ void tst_PickPOVariants::shouldKeepTheListWhenTheDateIsWrong() {
   const auto Check = [](TDocPickBase& Dialog, int DateIndex) {
     const TLines Sql = support::SqlLines(Dialog);
     const int Rows = Dialog.qryList_->RecordCount();
-    QVERIFY_EXCEPTION_THROWN(SqlFor(Dialog, 0, false, DateIndex, "32/01/2024"), zulcommon::EZULException);
+    QVERIFY_THROWS_EXCEPTION(zulcommon::EZULException, SqlFor(Dialog, 0, false, DateIndex, "32/01/2024"));
     QCOMPARE(support::SqlLines(Dialog), Sql);
     QCOMPARE(Dialog.qryList_->RecordCount(), Rows);
     SqlFor(Dialog, 0, false, DateIndex, "  ");
@@ -644,25 +656,25 @@ void tst_PickPOVariants::shouldShowTheServersErrorOverTheUnchangedList() {
 void tst_PickPOVariants::shouldRaiseTheServersErrorToTheCaller() {
   TTestCompany Company;
   ads::TAdsConnection* Connection = Company.Connection();
-  QVERIFY_EXCEPTION_THROWN(CallPickCustPO(Connection, {}, {}, "O'N", "", ""), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallPickCustPO(Connection, {}, {}, "", "1'", "I"), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallPickCustPO(Connection, {}, {}, "", "1", "'"), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickCustPO(Connection, {}, {}, "O'N", "", ""));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickCustPO(Connection, {}, {}, "", "1'", "I"));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickCustPO(Connection, {}, {}, "", "1", "'"));
   try {
     CallPickCustPO(Connection, {}, {}, "'", "", "");
   } catch (const ads::EDatabaseError& Error) {
     QVERIFY(!std::string(Error.what()).empty());
   }
   Company.Execute("DROP TABLE IP");
-  QVERIFY_EXCEPTION_THROWN(CallPickStockPO(Connection, {}, {}), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallPickCust(Connection, {}, {}), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallPickMultiPO(Connection, {}, {}), ads::EDatabaseError);
-  QVERIFY_EXCEPTION_THROWN(CallOEDocWithPOPick(Connection, {}, {}, ""), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickStockPO(Connection, {}, {}));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickCust(Connection, {}, {}));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickMultiPO(Connection, {}, {}));
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallOEDocWithPOPick(Connection, {}, {}, ""));
 }
 
 void tst_PickPOVariants::shouldAddNoSelectLineForAnOrderThatThereIsNot() {
   TTestCompany Company;
   const auto Stock = TfrmPickStockPO::Create(Company.Connection(), {}, {});
-  QVERIFY_EXCEPTION_THROWN(SqlFor(*Stock, -1, true, -1, "x"), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, SqlFor(*Stock, -1, true, -1, "x"));
   QCOMPARE(support::SqlLines(*Stock),
            (TLines{"FROM IP I INNER JOIN Vend V ON (I.ID = V.ID)", "WHERE (I.Type IS NULL)", "ORDER BY SortFld DESC"}));
 }

@@ -116,7 +116,7 @@ void tst_PickPeriods::shouldAskForAgingPeriods() {
   }
   // An order that there is not gives no SELECT line: what is asked for at last is the rebuilt query.
   Ask(*Dialog, -1, false, 0, "x");
-  QVERIFY_EXCEPTION_THROWN(Dialog->SetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->SetSQL());
   QCOMPARE(Joined(SqlLines(*Dialog)),
            QString("FROM Periods P INNER JOIN APAgeHist H ON P.Period = H.Period\nWHERE 0=0" + End));
 }
@@ -277,7 +277,7 @@ void tst_PickPeriods::shouldKeepTheListWhenTheDateIsWrong() {
       QCOMPARE(SqlLines(Dialog), Sql);
       QCOMPARE(Dialog.edFind->text(), Typed);
       // A host that asks by itself gets the failure.
-      QVERIFY_EXCEPTION_THROWN(Dialog.SetSQL(), zulcommon::EZULException);
+      QVERIFY_THROWS_EXCEPTION(zulcommon::EZULException, Dialog.SetSQL());
       QCOMPARE(SqlLines(Dialog), Sql);
     });
   }
@@ -325,10 +325,10 @@ void tst_PickPeriods::shouldEmptyThePeriodOfTheGeneralPick() {
   QCOMPARE(Period, std::string());
   Company.Execute(QStringLiteral("DROP TABLE Periods"));
   Period = "old";
-  QVERIFY_EXCEPTION_THROWN(CallPickPeriod(Company.Connection(), false, Period), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickPeriod(Company.Connection(), false, Period));
   QCOMPARE(Period, std::string());
   Period = "old";
-  QVERIFY_EXCEPTION_THROWN(CallPickItemHistPeriod(Company.Connection(), Period), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickItemHistPeriod(Company.Connection(), Period));
   QCOMPARE(Period, std::string());
 }
 
@@ -342,7 +342,7 @@ void tst_PickPeriods::shouldKeepThePeriodOfTheAgingPick() {
                      }));
   QCOMPARE(Period, std::string("old"));
   Company.Execute(QStringLiteral("DROP TABLE APAgeHist"));
-  QVERIFY_EXCEPTION_THROWN(CallAPAgeHistPeriodPick(Company.Connection(), Period), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallAPAgeHistPeriodPick(Company.Connection(), Period));
   QCOMPARE(Period, std::string("old"));
 }
 
@@ -424,7 +424,7 @@ void tst_PickPeriods::shouldFailToOrderTheItemHistoryByStart() {
                        QString("SELECT I.Period, P.Start, P.[End], P.Start, SortFld\n"
                                "FROM IPHistParents I LEFT OUTER JOIN Periods P ON I.Period = P.Period\nWHERE 0=0"
                                " | ORDER BY SortFld"));
-              QVERIFY_EXCEPTION_THROWN(Dialog.SetSQL(), ads::EDatabaseError);
+              QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog.SetSQL());
               ClickBox(Dialog.ckbDesc);
               QCOMPARE(Boxes.Messages().size(), std::size_t{2});
               QCOMPARE(Periods(Dialog), QString("2602 | 26a1"));

@@ -101,7 +101,7 @@ void tst_PickVendors::shouldAskForNothingByAnUnknownOrder() {
   TSmallCompany Company;
   const auto Dialog = TfrmPickVendors::Create(Company.Connection(), TVendorWhat::vwContractor);
   Ask(*Dialog, -1, true, -1, "x");
-  QVERIFY_EXCEPTION_THROWN(Dialog->CallSetSQL(), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->CallSetSQL());
   QCOMPARE(Joined(SqlLines(*Dialog)), QString("FROM Vend V\nWHERE 0=0\nAND V.InActive = FALSE\n"
                                               "AND V.Contractor = True | ORDER BY SortFld DESC"));
 }
@@ -228,7 +228,7 @@ void tst_PickVendors::shouldKeepTheVendorWhenNothingIsPicked() {
                      }));
   QCOMPARE(VendID, std::string("old"));
   Company.Execute(QStringLiteral("DROP TABLE Vend"));
-  QVERIFY_EXCEPTION_THROWN(CallVendorPick(Company.Connection(), VendID, TVendorWhat::vwAll), ads::EDatabaseError);
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallVendorPick(Company.Connection(), VendID, TVendorWhat::vwAll));
   QCOMPARE(VendID, std::string("old"));
 }
 

@@ -67,8 +67,10 @@ void TypeFind(TDocPickBase& Dialog, const QString& Text) {
     QTest::keyClick(Dialog.edFind, Qt::Key_Delete);
     return;
   }
-  // Qt Test can type ASCII only, and that slowly.
-  const bool Typable = std::all_of(Text.begin(), Text.end(), [](QChar Letter) { return Letter.unicode() < 0x7F; });
+  // Qt Test can type printable ASCII only, and that slowly.
+  const bool Typable = std::all_of(Text.begin(), Text.end(), [](QChar Letter) {
+    return Letter.unicode() >= 0x20 && Letter.unicode() < 0x7F;
+  });
   if (Text.size() < 100 && Typable) {
     QTest::keyClicks(Dialog.edFind, Text);
   } else {

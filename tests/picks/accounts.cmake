@@ -1,0 +1,1 @@
+zul_test(tst_PickBatches LIBS zultestsupport SQLite::SQLite3)

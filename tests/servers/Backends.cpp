@@ -1,0 +1,169 @@
+#include "servers/Backends.h"
+
+#include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+
+#include "sample/SampleCompany.h"
+
+namespace support {
+
+namespace {
+
+constexpr char SQLiteODBC[] = "SQLite3";  // the names under which the packages register their ODBC drivers
+constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";
+
+QString DriverOf(TBackendKind Kind) {
+  switch (Kind) {
+    case TBackendKind::SQLite:
+      return QStringLiteral("QSQLITE");
+    case TBackendKind::PostgreSQL:
+      return QStringLiteral("QPSQL");
+    default:
+      return QStringLiteral("QODBC");
+  }
+}
+
+void Close(QSqlDatabase& Database) {
+  const QString Name = Database.connectionName();
+  Database = {};
+  QSqlDatabase::removeDatabase(Name);
+}
+
+QString DataOf(const QSqlDatabase& Database) {
+  const QString Name = Database.databaseName();
+  const auto At = Name.indexOf(QLatin1String("Database="));
+  return At < 0 ? Name : Name.mid(At + 9).section(QLatin1Char(';'), 0, 0);
+}
+
+bool Opens(QSqlDatabase Database, QString& Reason) {
+  const bool Opened = Database.open();
+  if (!Opened) Reason = Database.lastError().text().simplified();
+  Close(Database);
+  return Opened;
+}
+
+}  // namespace
+
+const char* NameOf(TBackendKind Kind) {
+  switch (Kind) {
+    case TBackendKind::SQLite:
+      return "SQLite";
+    case TBackendKind::PostgreSQL:
+      return "PostgreSQL";
+    case TBackendKind::ODBCSQLite:
+      return "SQLite by ODBC";
+    default:
+      return "PostgreSQL by ODBC";
+  }
+}
+
+bool IsOnPostgreSQL(TBackendKind Kind) {
+  return Kind == TBackendKind::PostgreSQL || Kind == TBackendKind::ODBCPostgreSQL;
+}
+
+TBackend::TBackend(TBackendKind Kind, QSqlDatabase Database, QSqlDatabase Beside, std::unique_ptr<QTemporaryDir> Folder)
+    : Kind_(Kind), Folder_(std::move(Folder)), Database_(std::move(Database)), Beside_(std::move(Beside)) {
+  Connection_ = std::make_unique<ads::TAdsConnection>(Database_);
+}
+
+TBackend::~TBackend() {
+  Connection_.reset();
+  Close(Database_);
+  Close(Beside_);
+}
+
+void TBackend::Execute(const QSqlDatabase& Database, const QString& Sql) {
+  QSqlQuery Query(Database);
+  if (!Query.exec(Sql)) qFatal("%s: %s", qPrintable(Sql), qPrintable(Query.lastError().text()));
+}
+
+QVariant TBackend::Value(const QSqlDatabase& Database, const QString& Sql) {
+  QSqlQuery Query(Database);
+  if (!Query.exec(Sql)) qFatal("%s: %s", qPrintable(Sql), qPrintable(Query.lastError().text()));
+  return Query.next() ? Query.value(0) : QVariant();
+}
+
+TBackends::TBackends() : Server_(std::make_unique<TThrowawayPostgreSQL>()) {
+  if (!Server_->IsRunning()) return;
+  QSqlDatabase Database = Server_->Connect(QStringLiteral("company"));
+  TBackend::Execute(Database, QStringLiteral("CREATE DATABASE company"));
+  Close(Database);
+  sample::CreateCompanyOnServer(Server_->Address(QStringLiteral("company")));
+}
+
+TBackends::~TBackends() = default;
+
+QString TBackends::Missing(TBackendKind Kind) {
+  if (IsOnPostgreSQL(Kind) && !Server_->IsRunning()) return Server_->Reason();
+  if (!QSqlDatabase::isDriverAvailable(DriverOf(Kind))) {
+    return QStringLiteral("Qt's driver %1 is not installed").arg(DriverOf(Kind));
+  }
+  QString Reason;
+  if (Kind == TBackendKind::ODBCSQLite) {
+    Opens(Connect(Kind, CompanyFile(), {}, {}), Reason);
+  } else if (Kind == TBackendKind::ODBCPostgreSQL) {
+    Opens(Connect(Kind, QStringLiteral("postgres"), {}, {}), Reason);
+  }
+  return Reason;
+}
+
+QString TBackends::CompanyFile() {
+  const QString Name = Folder_.filePath(QStringLiteral("company.db"));
+  if (!QFile::exists(Name)) sample::CreateCompany(Name.toStdString());
+  return Name;
+}
+
+QString TBackends::NewServerDatabase() {
+  const QString Name = QStringLiteral("company_%1").arg(++Databases_);
+  QSqlDatabase Database = Server_->Connect(QUuid::createUuid().toString());
+  TBackend::Execute(Database, QStringLiteral("CREATE DATABASE %1 TEMPLATE company").arg(Name));
+  Close(Database);
+  return Name;
+}
+
+QSqlDatabase TBackends::Connect(TBackendKind Kind, const QString& Name, const QString& User, const QString& Options) {
+  const QString Account = User.isEmpty() ? QStringLiteral("tester") : User;
+  QSqlDatabase Database = QSqlDatabase::addDatabase(DriverOf(Kind), QUuid::createUuid().toString());
+  switch (Kind) {
+    case TBackendKind::SQLite:
+      Database.setDatabaseName(Name);
+      break;
+    case TBackendKind::PostgreSQL:
+      Database.setHostName(Server_->Host());
+      Database.setDatabaseName(Name);
+      Database.setUserName(Account);
+      break;
+    case TBackendKind::ODBCSQLite:
+      Database.setDatabaseName(QStringLiteral("DRIVER={%1};Database=%2;%3").arg(SQLiteODBC, Name, Options));
+      break;
+    case TBackendKind::ODBCPostgreSQL:
+      Database.setDatabaseName(QStringLiteral("DRIVER={%1};Servername=%2;Database=%3;Uid=%4;%5")
+                                   .arg(PostgreSQLODBC, Server_->Host(), Name, Account, Options));
+      break;
+  }
+  Database.open();
+  return Database;
+}
+
+QSqlDatabase TBackends::Connect(const TBackend& Backend, const QString& User) {
+  return Connect(Backend.Kind(), DataOf(Backend.Database()), User, {});
+}
+
+std::unique_ptr<TBackend> TBackends::Open(TBackendKind Kind, const QString& Options) {
+  auto Folder = std::make_unique<QTemporaryDir>();
+  QString Name = Folder->filePath(QStringLiteral("company.db"));
+  if (IsOnPostgreSQL(Kind)) {
+    Name = NewServerDatabase();
+  } else if (!QFile::copy(CompanyFile(), Name)) {
+    qFatal("The sample company cannot be copied.");
+  }
+  const TBackendKind Own = IsOnPostgreSQL(Kind) ? TBackendKind::PostgreSQL : TBackendKind::SQLite;
+  QSqlDatabase Database = Connect(Kind, Name, {}, Options);
+  if (!Database.isOpen()) qFatal("%s", qPrintable(Database.lastError().text()));
+  QSqlDatabase Beside = Connect(Own, Name, {}, {});
+  return std::unique_ptr<TBackend>(new TBackend(Kind, Database, Beside, std::move(Folder)));
+}
+
+}  // namespace support
