@@ -1,0 +1,295 @@
+// Whatever stands in a find box or in a code of the caller's goes into a query, some of it just as it was typed. Here
+// any text does, in each of these places, over a real database that would tell if anything but reading was asked of it.
+#include <sqlite3.h>
+
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+#include <cstdio>
+#include <cstdlib>
+
+#include "ads/Connection.h"
+#include "ads/Cursor.h"
+#include "ads/EDatabaseError.h"
+#include "ads/sql/ReadingOnly.h"
+#include "fuzz/FuzzTarget.h"
+#include "zulcommon/Text.h"
+
+namespace {
+
+constexpr int MostRows = 1000;
+constexpr int MostSteps = 50;  // each of a thousand instructions
+constexpr int LongestValue = 1'000'000;
+
+[[noreturn]] void Fail(const char* What, const std::string& Sql) {
+  std::fprintf(stderr, "%s:\n%s\n", What, Sql.c_str());
+  std::abort();
+}
+
+class TWatchedDatabase {
+ public:
+  TWatchedDatabase()
+      : Database_(Filled()),
+        Connection_(Database_),
+        Handle_(*static_cast<sqlite3* const*>(Database_.driver()->handle().constData())),
+        Before_(Content()) {
+    // SQLite's own tables declare themselves when they are first read, which the authorizer would take for an action.
+    for (const char* Own :
+         {"json_each", "json_tree", "dbstat", "sqlite_dbpage", "sqlite_stmt", "bytecode", "tables_used"}) {
+      QSqlQuery(QStringLiteral("SELECT * FROM %1 LIMIT 0").arg(QLatin1String(Own)), Database_);
+    }
+    sqlite3_set_authorizer(Handle_, Authorize, this);
+    sqlite3_progress_handler(Handle_, 1000, Progress, this);
+    sqlite3_limit(Handle_, SQLITE_LIMIT_LENGTH, LongestValue);
+  }
+
+  void Try(const std::string& Sql) {
+    Acted_ = false;
+    Steps_ = 0;
+    const sqlite3_int64 Changes = sqlite3_total_changes64(Handle_);
+    try {
+      const auto Cursor = Connection_.OpenCursor(Sql);
+      for (int Row = 0; Row < MostRows && Cursor->Next(); ++Row) Read(*Cursor);
+    } catch (const ads::EDatabaseError&) {
+      // Refused by the gate, or by the server.
+    }
+    if (Acted_) Fail("Did something else than reading", Sql);
+    if (sqlite3_total_changes64(Handle_) != Changes) Fail("Changed rows", Sql);
+    if (sqlite3_get_autocommit(Handle_) == 0) Fail("Left a transaction", Sql);
+    if (sqlite3_next_stmt(Handle_, nullptr) != nullptr) Fail("Left a statement", Sql);
+  }
+
+  /// Compares all that is in the database with what was in it at first.
+  void CheckContent(const std::string& Sql) {
+    Watching_ = false;
+    if (Content() != Before_) Fail("Changed the database", Sql);
+    Watching_ = true;
+  }
+
+ private:
+  static QSqlDatabase Filled();
+  static void Execute(const QSqlDatabase& Database, const char* Sql) {
+    QSqlQuery Query(Database);
+    if (!Query.exec(QString::fromUtf8(Sql))) Fail(qPrintable(Query.lastError().text()), Sql);
+  }
+
+  static void Read(ads::TCursor& Cursor) {
+    for (int Column = 0; Column < Cursor.ColumnCount(); ++Column) {
+      if (Cursor.Kind(Column) != ads::TValueKind::Null) (void)Cursor.Text(Column).size();
+    }
+  }
+
+  // What SQLite asks before it compiles a statement, also one that another one runs.
+  static int Authorize(void* Self, int Action, const char*, const char*, const char*, const char*) {
+    auto& Database = *static_cast<TWatchedDatabase*>(Self);
+    const bool Reading =
+        Action == SQLITE_SELECT || Action == SQLITE_READ || Action == SQLITE_FUNCTION || Action == SQLITE_RECURSIVE;
+    if (Database.Watching_ && !Reading) Database.Acted_ = true;
+    return SQLITE_OK;
+  }
+
+  // A query may take its time; what it asks for is the same after a while as at first.
+  static int Progress(void* Self) {
+    auto& Database = *static_cast<TWatchedDatabase*>(Self);
+    return Database.Watching_ && ++Database.Steps_ > MostSteps ? 1 : 0;
+  }
+
+  QString Content() const {
+    QString Result;
+    for (const char* Sql :
+         {"SELECT name || sql FROM sqlite_master", "SELECT ID || ShortName || FullName FROM ItemLocations",
+          "SELECT Item || ItemLoc || OnHand FROM ItemDet", "SELECT \"Key\" || Item || UnitCost FROM ItemCost"}) {
+      QSqlQuery Query(QString::fromUtf8(Sql), Database_);
+      while (Query.next()) Result += Query.value(0).toString() + u'\n';
+    }
+    return Result;
+  }
+
+  QSqlDatabase Database_;
+  ads::TAdsConnection Connection_;
+  sqlite3* Handle_;
+  QString Before_;
+  bool Watching_ = true;
+  bool Acted_ = false;
+  int Steps_ = 0;
+};
+
+QSqlDatabase TWatchedDatabase::Filled() {
+  QSqlDatabase Database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("fuzz"));
+  Database.setDatabaseName(QStringLiteral(":memory:"));
+  if (!Database.open()) Fail("The database cannot be opened", {});
+  for (const char* Sql :
+       {"CREATE TABLE ItemLocations (ID INTEGER PRIMARY KEY, ShortName VARCHAR(5), FullName VARCHAR(50))",
+        "CREATE TABLE ItemDet (Item VARCHAR(15), ItemLoc INTEGER, OnHand DOUBLE)",
+        "CREATE TABLE ItemCost (\"Key\" INTEGER PRIMARY KEY, Item VARCHAR(15), ItemLoc INTEGER, \"Date\" DATE, "
+        "Qty DOUBLE, UnitCost DOUBLE, UnitBuff DOUBLE)",
+        "CREATE INDEX FK_ITEM ON ItemDet (Item, ItemLoc)", "CREATE INDEX FK_COST ON ItemCost (Item)",
+        "INSERT INTO ItemLocations VALUES (1, 'MAIN', 'Main Warehouse'), (2, 'VAN', 'Fitter''s Van')",
+        "INSERT INTO ItemDet VALUES ('A', 1, 5), ('A', 2, 0), ('B', 1, 7)",
+        "INSERT INTO ItemCost VALUES (1, 'A', 1, '2025-01-02', 3, 12.5, 0.5), (2, 'A', 2, '2025-02-03', 1, 13, "
+        "NULL)"}) {
+    Execute(Database, Sql);
+  }
+  return Database;
+}
+
+TWatchedDatabase& Database() {
+  static int Count = 1;
+  static char Name[] = "fuzz";
+  static char* Args[] = {Name, nullptr};
+  static const QCoreApplication Application(Count, Args);
+  static TWatchedDatabase Instance;
+  return Instance;
+}
+
+// As the dialogs quote what is looked for.
+std::string Quoted(const std::string& Text) {
+  std::string Result;
+  for (const char Byte : zulcommon::UpperCase(zulcommon::Trim(Text)))
+    Result += Byte == '\'' ? "''" : std::string(1, Byte);
+  return Result;
+}
+
+// A text in quotes is one text, whatever stands in it.
+void CheckQuoted(const std::string& Text, const std::string& Sql) {
+  if (Text.find('\0') != std::string::npos) return;
+  try {
+    ads::sql::RequireReadingOnly(Sql);
+  } catch (const ads::EDatabaseError& Error) {
+    Fail(Error.what(), Sql);
+  }
+}
+
+// What a server gets is still one reading statement.
+void CheckRewritten(const ads::sql::TDialect& Dialect, const std::string& Sql) {
+  std::string Rewritten;
+  try {
+    ads::sql::RequireReadingOnly(Sql);
+    Rewritten = Dialect.Rewrite(Sql);
+  } catch (const ads::EDatabaseError&) {
+    return;
+  }
+  // A text with a backslash becomes one of PostgreSQL's own, a name with a bracket one of SQLite's; the gate knows
+  // neither.
+  if (Rewritten.find_first_of("\\`") != std::string::npos) return;
+  try {
+    ads::sql::RequireReadingOnly(Rewritten);
+  } catch (const ads::EDatabaseError& Error) {
+    Fail(Error.what(), Sql + "\nbecame\n" + Rewritten);
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> Corpus() {
+  std::vector<std::string> Texts{
+      "",
+      "7",
+      " -12.5e3 ",
+      "abc",
+      "O'Neil",
+      "''",
+      "7 OR 1=1",
+      "7; DROP TABLE ItemDet",
+      "7;",
+      "1) OR (1=1",
+      "(((",
+      "[",
+      "]",
+      "7 --",
+      "7 // x",
+      "/* 7",
+      "7 /* */ OR 1=1",
+      "7 UNION SELECT 1, 'x', 'y', 'z'",
+      "7 UNION SELECT name, sql, type, 1 FROM sqlite_master",
+      "(SELECT MAX(ID) FROM ItemLocations)",
+      "ID IN (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n)",
+      "7 OR EXISTS (SELECT 1 FROM pragma_optimize)",
+      "7 OR EXISTS (SELECT 1 FROM 'pragma_optimize')",
+      "7 OR load_extension('x')",
+      "7 OR \"load_extension\"('x')",
+      "7 OR zeroblob(900000) IS NULL",
+      "7 OR randomblob(-1) IS NULL",
+      "7 OR ID IN (SELECT value FROM json_each('[1,2]'))",
+      "CASE WHEN 1=1 THEN 7 END",
+      "IIF(1=1, 7, 8)",
+      "IIF(1=1, 7, 8)'x'",
+      "7 LIKE '%_' ESCAPE '\\'",
+      "'a' + 'b' + UPPER('c')",
+      "?1",
+      ":x",
+      "@x",
+      "$x",
+      "{d '2025-01-01'}",
+      "0x7",
+      "7e",
+      "1.2.3",
+      "`7`",
+      "\\",
+      "\x01\x02\x1b\x7f",
+      std::string("7\0;DELETE FROM ItemDet", 22),
+      "\xff\xfe",
+      "\xc3",
+      "\xef\xbb\xbf"
+      "7",
+      "\xc2\xa0"
+      "7",
+      "7\rOR 1=1",
+      "7\vOR 1=1",
+      "ß",
+      "'; DELETE FROM ItemDet; --",
+      "' OR '1'='1",
+      "' UNION SELECT 1, 2, 3, 4 FROM 'pragma_optimize",
+      "\" OR 1=1",
+      "] OR 1=1",
+      "7 INTO x",
+      "7 FOR UPDATE",
+      "SELECT 1",
+      "SELECT * FROM ItemDet",
+      "DELETE FROM ItemDet",
+      "INSERT INTO ItemDet VALUES (1, 2, 3)",
+      "REPLACE INTO ItemDet VALUES (1, 2, 3)",
+      "UPDATE ItemDet SET OnHand = 0",
+      "DROP TABLE ItemDet",
+      "ATTACH 'x' AS y",
+      "PRAGMA user_version = 7",
+      "VACUUM",
+      "BEGIN",
+      "SELECT 1; DELETE FROM ItemDet",
+      "SELECT ID FROM ItemLocations RETURNING ID",
+      "SELECT * FROM (DELETE FROM ItemDet RETURNING *)",
+      "EXPLAIN SELECT 1",
+      "VALUES (1)",
+      "SELECT \"Desc\" FROM [ItemDet] WHERE Item LIKE '%A%'"};
+  Texts.push_back(std::string(100'000, '('));
+  Texts.push_back(std::string(100'000, '\''));
+  Texts.push_back(std::string(100'000, '9'));
+  return Texts;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
+  static const ads::sql::TPostgreSQLDialect PostgreSQL;
+  static const ads::sql::TSQLiteDialect SQLite;
+  const std::string Text(reinterpret_cast<const char*>(Data), Size);
+  const std::string Locations =
+      "SELECT l.ID, l.ShortName, l.FullName, UPPER(l.FullName) SortFld\nFROM ItemLocations l\n";
+  const std::string Costs =
+      "SELECT I.[Key], I.[Date], I.Qty, I.UnitCost, I.UnitBuff, l.ShortName, I.Qty SortFld\nFROM ItemCost I\n"
+      "  LEFT OUTER JOIN ItemLocations l ON i.ItemLoc=l.ID\nWHERE Item = 'A'\n";
+  const std::string Found =
+      Locations + "WHERE 0=0\nAND UPPER(l.FullName) LIKE '%" + Quoted(Text) + "%'\nORDER BY SortFld";
+  CheckQuoted(Text, Found);
+  for (const std::string& Sql :
+       {Text, Found, Locations + "WHERE 0=0\nAND l.ID = " + Text + "\nORDER BY SortFld DESC",
+        Costs + "AND I.UnitCost = " + Text + "\nORDER BY SortFld",
+        Locations + " INNER JOIN ItemDet d ON l.ID = d.ItemLoc\nWHERE d.Item = '" + Text + "'\nORDER BY SortFld"}) {
+    Database().Try(Sql);
+    CheckRewritten(SQLite, Sql);
+    CheckRewritten(PostgreSQL, Sql);
+  }
+  Database().CheckContent(Text);
+  return 0;
+}

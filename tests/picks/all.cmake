@@ -1,0 +1,1 @@
+zul_test(tst_AllPicks LIBS ZUL::PickLists ${CMAKE_DL_LIBS})

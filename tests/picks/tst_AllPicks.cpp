@@ -1,0 +1,253 @@
+// The pick functions as hosts link to them: each under its name, with its parameters, exported by the module.
+#include <cxxabi.h>
+#include <dlfcn.h>
+
+#include <QTest>
+#include <cstdlib>
+#include <memory>
+#include <set>
+
+#include "picks/accounts/uPickEftBatch.h"
+#include "picks/accounts/uPickPostedBatch.h"
+#include "picks/accounts/uPickPostedChequeBatch.h"
+#include "picks/orders/uPickARInvoice.h"
+#include "picks/orders/uPickBooking.h"
+#include "picks/orders/uPickMultiOEDocs.h"
+#include "picks/orders/uPickOEDoc.h"
+#include "picks/orders/uPickOEJob.h"
+#include "picks/orders/uPickOEMemberOfGroup.h"
+#include "picks/parties/uPickCustContactEmails.h"
+#include "picks/parties/uPickCustomer.h"
+#include "picks/parties/uPickVendors.h"
+#include "picks/parties/uPickVendorsEmails.h"
+#include "picks/purchasing/uPickAnyPO.h"
+#include "picks/purchasing/uPickMultiPOs.h"
+#include "picks/purchasing/uPickPOExtras.h"
+#include "picks/purchasing/uPickPurchaseOrders.h"
+#include "picks/reference/uPickAPAgeHist.h"
+#include "picks/reference/uPickCity.h"
+#include "picks/reference/uPickCostCenter.h"
+#include "picks/reference/uPickCutLocations.h"
+#include "picks/reference/uPickDepartmentMulti.h"
+#include "picks/reference/uPickEntity.h"
+#include "picks/reference/uPickFinance.h"
+#include "picks/reference/uPickGSTRate.h"
+#include "picks/reference/uPickItemCategory.h"
+#include "picks/reference/uPickItemClass.h"
+#include "picks/reference/uPickItemFactorPreset.h"
+#include "picks/reference/uPickItemHistPeriod.h"
+#include "picks/reference/uPickItemPreset.h"
+#include "picks/reference/uPickJob.h"
+#include "picks/reference/uPickMultiDepartments.h"
+#include "picks/reference/uPickMultiUsers.h"
+#include "picks/reference/uPickPeriods.h"
+#include "picks/reference/uPickSalesPerson.h"
+#include "picks/reference/uPickState.h"
+#include "picks/reference/uPickSuburb.h"
+#include "picks/reference/uPickTerms.h"
+#include "picks/reference/uPickUsedPeriodYear.h"
+#include "picks/reference/uPickUserName.h"
+#include "picks/stock/uPickItemAndLocation.h"
+#include "picks/stock/uPickItemCost.h"
+#include "picks/stock/uPickItemLocation.h"
+#include "picks/stock/uPickItemPresetDetail.h"
+#include "picks/stock/uPickKitDetail.h"
+#include "picks/stock/uPickLocation.h"
+
+using ads::TAdsConnection;
+using toolkit::TStringList;
+using uPickListTypes::TOEDoc;
+using uPickListTypes::TPOStates;
+using uZULPickLists::TIntegerList;
+using zulcommon::TDocType;
+using zulcommon::TDocTypes;
+
+namespace {
+
+struct TExport {
+  std::string Name;
+  void* Address;
+};
+
+// Only a function of exactly this type compiles; of several with the same name it is chosen by it.
+template <typename TFunction>
+TExport Exported(const char* Name, TFunction* Function) {
+  return {Name, reinterpret_cast<void*>(Function)};
+}
+
+const std::vector<TExport>& Exports() {
+  static const std::vector<TExport> All{
+      Exported<bool(TAdsConnection*, std::string&)>("uPickCity::CallPickCity", uPickCity::CallPickCity),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickCostCenter::CallPickCostCenter",
+                                                    uPickCostCenter::CallPickCostCenter),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickCutLocations::CallPickCutLoc",
+                                                    uPickCutLocations::CallPickCutLoc),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickEntity::CallPickEntity", uPickEntity::CallPickEntity),
+      Exported<std::string(TAdsConnection*)>("uPickEntity::CallPickEntity", uPickEntity::CallPickEntity),
+      Exported<bool(TAdsConnection*, std::int32_t&)>("uPickFinance::CallPickFinanceRate",
+                                                     uPickFinance::CallPickFinanceRate),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickGSTRate::CallPickGSTRate", uPickGSTRate::CallPickGSTRate),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickItemCategory::CallPickItemCat",
+                                                    uPickItemCategory::CallPickItemCat),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickItemClass::CallPickItemClass",
+                                                    uPickItemClass::CallPickItemClass),
+      Exported<bool(TAdsConnection*, std::int32_t&)>("uPickItemFactorPreset::CallPickItemFactor",
+                                                     uPickItemFactorPreset::CallPickItemFactor),
+      Exported<bool(TAdsConnection*, std::int32_t&)>("uPickItemPreset::CallPickItemPreset",
+                                                     uPickItemPreset::CallPickItemPreset),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickJob::CallPickJobNo", uPickJob::CallPickJobNo),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickState::CallPickState", uPickState::CallPickState),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickSuburb::CallPickSuburb", uPickSuburb::CallPickSuburb),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickTerms::CallPickTerms", uPickTerms::CallPickTerms),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickUsedPeriodYear::CallPickUsedPeriodYear",
+                                                    uPickUsedPeriodYear::CallPickUsedPeriodYear),
+      Exported<bool(TAdsConnection*, bool, std::string&)>("uPickPeriods::CallPickPeriod", uPickPeriods::CallPickPeriod),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickAPAgeHist::CallAPAgeHistPeriodPick",
+                                                    uPickAPAgeHist::CallAPAgeHistPeriodPick),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickItemHistPeriod::CallPickItemHistPeriod",
+                                                    uPickItemHistPeriod::CallPickItemHistPeriod),
+      Exported<bool(TStringList*, TAdsConnection*)>("uPickDepartmentMulti::CallDepartmentsPick",
+                                                    uPickDepartmentMulti::CallDepartmentsPick),
+      Exported<bool(std::string&, TAdsConnection*)>("uPickDepartmentMulti::CallDepartmentsPick",
+                                                    uPickDepartmentMulti::CallDepartmentsPick),
+      Exported<bool(TStringList*, TAdsConnection*)>("uPickMultiDepartments::CallMultiDepartmentsPick",
+                                                    uPickMultiDepartments::CallMultiDepartmentsPick),
+      Exported<bool(TStringList*, TAdsConnection*)>("uPickMultiUsers::CallMultiUsersPick",
+                                                    uPickMultiUsers::CallMultiUsersPick),
+      Exported<bool(TAdsConnection*, std::string&, const std::string&)>("uPickSalesPerson::CallPickSalesPerson",
+                                                                        uPickSalesPerson::CallPickSalesPerson),
+      Exported<bool(TAdsConnection*, std::string&, const std::string&)>("uPickUserName::CallPickUser",
+                                                                        uPickUserName::CallPickUser),
+      Exported<bool(TAdsConnection*, std::string&, bool, const std::string&, bool, bool)>(
+          "uPickCustomer::CallCustomerPick", uPickCustomer::CallCustomerPick),
+      Exported<bool(TAdsConnection*, std::string&, uPickVendors::TVendorWhat)>("uPickVendors::CallVendorPick",
+                                                                               uPickVendors::CallVendorPick),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickCustContactEmails::CallPickCustomerEmailAddress",
+                                                    uPickCustContactEmails::CallPickCustomerEmailAddress),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickCustContactEmails::CallPickProspectEmailAddress",
+                                                    uPickCustContactEmails::CallPickProspectEmailAddress),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickVendorsEmails::CallVendorEmailsPick",
+                                                    uPickVendorsEmails::CallVendorEmailsPick),
+      Exported<bool(TAdsConnection*, const std::string&, const TDocTypes&, const uPickOEDoc::TOEDocOptions&,
+                    const uPickOEDoc::TOEDocOptions&, std::string&, TDocType&)>("uPickOEDoc::CallPickOEDoc",
+                                                                                uPickOEDoc::CallPickOEDoc),
+      Exported<bool(TAdsConnection*, const TDocTypes&, const uPickOEDoc::TOEDocOptions&,
+                    const uPickOEDoc::TOEDocOptions&, std::string&, TDocType&)>("uPickOEDoc::CallPickOEDoc",
+                                                                                uPickOEDoc::CallPickOEDoc),
+      Exported<bool(TAdsConnection*, const std::string&, TDocType, const uPickMultiOEDocs::TOEDocOptions&,
+                    const uPickMultiOEDocs::TOEDocOptions&, TStringList*)>("uPickMultiOEDocs::CallPickMultiOEDocs",
+                                                                           uPickMultiOEDocs::CallPickMultiOEDocs),
+      Exported<bool(TAdsConnection*, TDocType, const uPickMultiOEDocs::TOEDocOptions&,
+                    const uPickMultiOEDocs::TOEDocOptions&, TStringList*)>("uPickMultiOEDocs::CallPickMultiOEDocs",
+                                                                           uPickMultiOEDocs::CallPickMultiOEDocs),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickOEJob::CallPickOEJob", uPickOEJob::CallPickOEJob),
+      Exported<bool(TAdsConnection*, const std::string&, const std::string&, std::string&)>(
+          "uPickOEMemberOfGroup::CallPickOEMemberOfGroup", uPickOEMemberOfGroup::CallPickOEMemberOfGroup),
+      Exported<bool(TAdsConnection*, const uPickARInvoice::TARInvoiceOps&, const std::string&, const std::string&,
+                    std::string&, std::string&)>("uPickARInvoice::CallARInvoicePick",
+                                                 uPickARInvoice::CallARInvoicePick),
+      Exported<bool(TAdsConnection*, const uPickBooking::TBookingPickOps&, const std::string&, std::string&)>(
+          "uPickBooking::CallPickBooking", uPickBooking::CallPickBooking),
+      Exported<bool(TAdsConnection*, TPOStates, TPOStates, std::string&, const std::string&)>("uPickAnyPO::CallPickPO",
+                                                                                              uPickAnyPO::CallPickPO),
+      Exported<std::string(TAdsConnection*, TPOStates, TPOStates, const std::string&, const std::string&,
+                           const std::string&)>("uPickPurchaseOrders::CallPickCustPO",
+                                                uPickPurchaseOrders::CallPickCustPO),
+      Exported<std::string(TAdsConnection*, TPOStates, TPOStates)>("uPickPurchaseOrders::CallPickStockPO",
+                                                                   uPickPurchaseOrders::CallPickStockPO),
+      Exported<std::string(TAdsConnection*, TPOStates, TPOStates)>("uPickPurchaseOrders::CallPickCust",
+                                                                   uPickPurchaseOrders::CallPickCust),
+      Exported<TOEDoc(TAdsConnection*, TPOStates, TPOStates, const std::string&)>(
+          "uPickPurchaseOrders::CallOEDocWithPOPick", uPickPurchaseOrders::CallOEDocWithPOPick),
+      Exported<std::string(TAdsConnection*, TPOStates, TPOStates)>("uPickPurchaseOrders::CallPickMultiPO",
+                                                                   uPickPurchaseOrders::CallPickMultiPO),
+      Exported<bool(TAdsConnection*, TPOStates, TPOStates, TStringList*&)>("uPickMultiPOs::CallPickMutliPO",
+                                                                           uPickMultiPOs::CallPickMutliPO),
+      Exported<bool(TAdsConnection*, const std::string&, TIntegerList*)>("uPickPOExtras::CallPickPOExtras",
+                                                                         uPickPOExtras::CallPickPOExtras),
+      Exported<bool(const std::string&, TAdsConnection*, std::string&, std::int32_t&)>(
+          "uPickItemAndLocation::CallPickItemAndLocation", uPickItemAndLocation::CallPickItemAndLocation),
+      Exported<bool(const std::string&, TAdsConnection*, std::int32_t&, bool)>("uPickItemLocation::CallPickLocation",
+                                                                               uPickItemLocation::CallPickLocation),
+      Exported<bool(TAdsConnection*, std::int32_t&, const std::string&)>("uPickLocation::CallPickLocation",
+                                                                         uPickLocation::CallPickLocation),
+      Exported<bool(TAdsConnection*, const std::string&, std::int32_t&)>("uPickItemCost::CallPickItemCost",
+                                                                         uPickItemCost::CallPickItemCost),
+      Exported<bool(TAdsConnection*, std::int32_t, std::string&)>("uPickItemPresetDetail::CallPickPresetDetail",
+                                                                  uPickItemPresetDetail::CallPickPresetDetail),
+      Exported<bool(TAdsConnection*, std::int32_t, std::string&)>("uPickKitDetail::CallPickKitDetail",
+                                                                  uPickKitDetail::CallPickKitDetail),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickEftBatch::CallEFTBatchPick", uPickEftBatch::CallEFTBatchPick),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickPostedBatch::CallPickPostedBatch",
+                                                    uPickPostedBatch::CallPickPostedBatch),
+      Exported<bool(TAdsConnection*, std::string&)>("uPickPostedChequeBatch::CallPickPostedChequeBatch",
+                                                    uPickPostedChequeBatch::CallPickPostedChequeBatch),
+  };
+  return All;
+}
+
+std::string Demangled(const char* Symbol) {
+  int Status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> Name(abi::__cxa_demangle(Symbol, nullptr, nullptr, &Status),
+                                                         &std::free);
+  return Name != nullptr ? Name.get() : std::string();
+}
+
+Dl_info SymbolOf(const TExport& Export) {
+  Dl_info Info{};
+  return dladdr(Export.Address, &Info) != 0 ? Info : Dl_info{};
+}
+
+}  // namespace
+
+class tst_AllPicks : public QObject {
+  Q_OBJECT
+ private Q_SLOTS:
+  void shouldBeAllOfThem();
+  void shouldBeExported_data();
+  void shouldBeExported();
+  void shouldExportTheEntries();
+};
+
+void tst_AllPicks::shouldBeAllOfThem() {
+  std::set<void*> Addresses;
+  for (const TExport& Export : Exports()) Addresses.insert(Export.Address);
+  QCOMPARE(Exports().size(), std::size_t(55));
+  QCOMPARE(Addresses.size(), std::size_t(55));
+}
+
+void tst_AllPicks::shouldBeExported_data() {
+  QTest::addColumn<int>("Index");
+  for (std::size_t Index = 0; Index < Exports().size(); ++Index) {
+    QTest::addRow("%zu %s", Index, Exports()[Index].Name.c_str()) << static_cast<int>(Index);
+  }
+}
+
+// What is found under the function's own symbol in the module is the function.
+void tst_AllPicks::shouldBeExported() {
+  QFETCH(int, Index);
+  const TExport& Export = Exports()[static_cast<std::size_t>(Index)];
+  const Dl_info Symbol = SymbolOf(Export);
+  QVERIFY2(Symbol.dli_sname != nullptr, "There is no symbol for it.");
+  QVERIFY2(QString(Symbol.dli_fname).contains("libZULPickLists.so"), Symbol.dli_fname);
+  std::string Name = Demangled(Symbol.dli_sname);
+  Name = Name.substr(0, Name.find_first_of("[("));
+  QCOMPARE(Name, Export.Name);
+  void* Module = dlopen(Symbol.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  QVERIFY(Module != nullptr);
+  QCOMPARE(dlsym(Module, Symbol.dli_sname), Export.Address);
+  dlclose(Module);
+}
+
+void tst_AllPicks::shouldExportTheEntries() {
+  void* Module = dlopen(SymbolOf(Exports()[0]).dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  QVERIFY(Module != nullptr);
+  for (const char* Entry : {"Initialize", "Finalize", "GetPackageInfoTable"}) {
+    QVERIFY2(dlsym(Module, Entry) != nullptr, Entry);
+  }
+  QVERIFY(dlsym(Module, "CallPickCity") == nullptr);
+  dlclose(Module);
+}
+
+QTEST_GUILESS_MAIN(tst_AllPicks)
+#include "tst_AllPicks.moc"
