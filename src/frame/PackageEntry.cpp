@@ -105,4 +105,6 @@ void Finalize() {
   }
 }
 
-const TPackageInfoTable* GetPackageInfoTable() { return &Table; }
+const TPackageInfoTable* GetPackageInfoTable() {
+  return &Table;
+}

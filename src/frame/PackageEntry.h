@@ -6,18 +6,20 @@
 
 extern "C" {
 
-/// What the module says of itself to a host that loads it at run time. Every pointer stays valid while the module is loaded.
+/// What the module says of itself to a host that loads it at run time. Every pointer stays valid while the module is
+/// loaded.
 struct TPackageInfoTable {
   const char* Name;
   const char* Description;
   std::int32_t RequiredCount;
   const char* const* Required;  ///< the packages to be loaded before
   std::int32_t UnitCount;
-  const char* const* Units;  ///< in the order in which they are initialized
+  const char* const* Units;       ///< in the order in which they are initialized
   std::int32_t InitializedCount;  ///< the units that are initialized now, from the first
 };
 
-/// Starts every unit of the module, in the order of the table. To be called once after the module was loaded; more calls do nothing.
+/// Starts every unit of the module, in the order of the table. To be called once after the module was loaded; more
+/// calls do nothing.
 ZULPICKLISTS_EXPORT void Initialize();
 
 /// Ends every unit, in the reverse order. To be called once before the module is unloaded; more calls do nothing.

@@ -28,9 +28,13 @@ TSimpleObj* TSimpleObjList::Add() {
   return Items_->back().get();
 }
 
-void TSimpleObjList::Clear() { Items_.reset(); }
+void TSimpleObjList::Clear() {
+  Items_.reset();
+}
 
-int TSimpleObjList::GetCount() const { return Items_ ? static_cast<int>(Items_->size()) : 0; }
+int TSimpleObjList::GetCount() const {
+  return Items_ ? static_cast<int>(Items_->size()) : 0;
+}
 
 TSimpleObj* TSimpleObjList::GetList(int Index) const {
   if (!Items_) return nullptr;

@@ -26,8 +26,8 @@ class TValueList : public toolkit::TList<TValue> {
     return Index;
   }
 
-  /// Deletes the first equal value and returns it. Zero when there is none, so that a zero tells nothing: callers that must
-  /// know ask `IndexOf` first.
+  /// Deletes the first equal value and returns it. Zero when there is none, so that a zero tells nothing: callers that
+  /// must know ask `IndexOf` first.
   TValue Extract(TValue Value) { return Remove(Value) >= 0 ? Value : TValue{}; }
 };
 
@@ -66,14 +66,15 @@ class ZULPICKLISTS_EXPORT TSimpleObjList : public TSimpleObj {
   TSimpleObjList();
   ~TSimpleObjList() override;
 
-  /// Creates an item, appends it and returns it; the list owns it. Throws `std::logic_error` in a list that was never told
-  /// what to create.
+  /// Creates an item, appends it and returns it; the list owns it. Throws `std::logic_error` in a list that was never
+  /// told what to create.
   virtual TSimpleObj* Add();
   /// Frees every item.
   virtual void Clear();
 
   int GetCount() const;
-  /// Null while nothing was added since the creation or `Clear`; throws `toolkit::EListError` for a bad index otherwise.
+  /// Null while nothing was added since the creation or `Clear`; throws `toolkit::EListError` for a bad index
+  /// otherwise.
   TSimpleObj* GetList(int Index) const;
 
  protected:

@@ -18,8 +18,8 @@ namespace {
 constexpr QRgb Magenta = qRgb(255, 0, 255);
 constexpr QRgb Black = qRgb(0, 0, 0);
 
-// The tick with its background transparent and its black pixels in the colour given. The image has a palette, so colours are
-// changed there.
+// The tick with its background transparent and its black pixels in the colour given. The image has a palette, so
+// colours are changed there.
 QImage TickImage(QRgb BlackBecomes) {
   QImage Tick(QStringLiteral(":/zul/frame/PICKTICK.bmp"));
   if (Tick.isNull()) return Tick;
@@ -81,8 +81,7 @@ void GridPaint(TDBGrid* Grid, const QRect& Rect, int DataCol, TColumn* Column, T
   QPainter& Canvas = *Grid->Canvas();
   Canvas.fillRect(Rect, Canvas.brush());
   if (!Field->AsBoolean()) return;
-  const QRgb Colour =
-      ShowsSelection(*Grid, State) ? Grid->palette().color(QPalette::HighlightedText).rgb() : Black;
+  const QRgb Colour = ShowsSelection(*Grid, State) ? Grid->palette().color(QPalette::HighlightedText).rgb() : Black;
   const QImage Tick = TickImage(Colour);
   if (Tick.isNull()) return;
   const int Top = Rect.top() + Rect.height() / 2 - Tick.height() / 2;

@@ -12,11 +12,13 @@ namespace uZULPickListsUtils {
 /// `S` with every single quote doubled, to stand between single quotes in SQL. Adds no quotes around it.
 ZULPICKLISTS_EXPORT std::string AddQuotes(std::string_view S);
 
-/// Moves a form to the middle of the primary screen, keeping its size. A form larger than the screen gets a negative position.
+/// Moves a form to the middle of the primary screen, keeping its size. A form larger than the screen gets a negative
+/// position.
 ZULPICKLISTS_EXPORT void CenterFormOnScreen(toolkit::TForm* Form);
 
-/// Paints a cell of a grid: a Boolean field as the tick image (nothing for false), unless it has a display text of its own; any other field
-/// as the grid itself would. To be called while the grid paints the cell (`TDBGrid::OnDrawColumnCell`), with what it passes.
+/// Paints a cell of a grid: a Boolean field as the tick image (nothing for false), unless it has a display text of its
+/// own; any other field as the grid itself would. To be called while the grid paints the cell
+/// (`TDBGrid::OnDrawColumnCell`), with what it passes.
 ZULPICKLISTS_EXPORT void GridPaint(toolkit::TDBGrid* Grid, const QRect& Rect, int DataCol, toolkit::TColumn* Column,
                                    toolkit::TGridDrawState State);
 

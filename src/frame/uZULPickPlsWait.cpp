@@ -16,7 +16,9 @@ namespace {
 
 constexpr int PleaseWaitText = 65520;
 
-QString PleaseWait() { return QString::fromStdString(zulcommon::LoadZULResString(PleaseWaitText)); }
+QString PleaseWait() {
+  return QString::fromStdString(zulcommon::LoadZULResString(PleaseWaitText));
+}
 
 }  // namespace
 
@@ -64,6 +66,8 @@ void TZULPickPlsWait::tmCaptTimer() {
 
 void TZULPickPlsWait::reject() {}
 
-void TZULPickPlsWait::closeEvent(QCloseEvent* Event) { Event->ignore(); }
+void TZULPickPlsWait::closeEvent(QCloseEvent* Event) {
+  Event->ignore();
+}
 
 }  // namespace uZULPickPlsWait

@@ -14,7 +14,8 @@ namespace uZULPickPlsWait {
 
 /// A small modeless window that tells the user that a query is running. Freed by its creator, or with its owner.
 ///
-/// It cannot be closed by the user. `UpdateForm` and the timer run the event loop, so other handlers of the owning dialog can run inside them.
+/// It cannot be closed by the user. `UpdateForm` and the timer run the event loop, so other handlers of the owning
+/// dialog can run inside them.
 class ZULPICKLISTS_EXPORT TZULPickPlsWait : public toolkit::TForm {
   Q_OBJECT
  public:
@@ -24,7 +25,8 @@ class ZULPICKLISTS_EXPORT TZULPickPlsWait : public toolkit::TForm {
   /// Shows another message at once.
   void UpdateForm(const std::string& Message);
 
-  /// Every one and a half seconds: the caption with as many dots as `DotStep` says. The step stays as it is, so the dots do not cycle.
+  /// Every one and a half seconds: the caption with as many dots as `DotStep` says. The step stays as it is, so the
+  /// dots do not cycle.
   void tmCaptTimer();
 
   void reject() override;

@@ -18,13 +18,17 @@ TListQuery::TListQuery(ads::TSQLLines& SQL, TQueryState State, TPickChoices Choi
   SQL_.Clear();
 }
 
-void TListQuery::Add(std::string Line) { SQL_.Add(std::move(Line)); }
+void TListQuery::Add(std::string Line) {
+  SQL_.Add(std::move(Line));
+}
 
 void TListQuery::AddUnlessEmpty(std::string Line) {
   if (!Line.empty()) SQL_.Add(std::move(Line));
 }
 
-void TListQuery::Select(const std::string& Columns) { Select(Columns, Choices_); }
+void TListQuery::Select(const std::string& Columns) {
+  Select(Columns, Choices_);
+}
 void TListQuery::Select(const std::string& Columns, const TPickChoices& Choices) {
   AddUnlessEmpty(SelectText(Columns, Choices));
 }
@@ -35,9 +39,15 @@ std::string TListQuery::SelectText(const std::string& Columns, const TPickChoice
   return Choice->Sort.starts_with("SELECT ") ? Choice->Sort : Columns + Choice->Sort;
 }
 
-void TListQuery::Find() { Find(Choices_); }
-void TListQuery::Find(const TPickChoices& Choices) { AddUnlessEmpty(FindText(Choices)); }
-void TListQuery::FindAlways(const TFindRule& Rule) { AddUnlessEmpty(FindText(Rule)); }
+void TListQuery::Find() {
+  Find(Choices_);
+}
+void TListQuery::Find(const TPickChoices& Choices) {
+  AddUnlessEmpty(FindText(Choices));
+}
+void TListQuery::FindAlways(const TFindRule& Rule) {
+  AddUnlessEmpty(FindText(Rule));
+}
 
 std::string TListQuery::FindText(const TPickChoices& Choices) const {
   const TPickChoice* Choice = Chosen(Choices, State_.FindBy);

@@ -12,15 +12,15 @@ namespace uDocPickBase {
 
 /// How a find text is turned into a condition, and what it is checked for first.
 enum class TFindKind {
-  None,         // this choice searches nothing
-  Contains,     // … LIKE '%TEXT%'
-  EndsWith,     // … LIKE '%TEXT'
-  Whole,        // … LIKE 'TEXT', wildcards only where the user typed them
-  Date,         // … = 'YYYY-MM-DD'; the text must be a date
-  Number,       // … = the trimmed text; it must be a number
-  TypedNumber,  // … = the text as typed; it must be a number
-  TypedInteger, // … = the text as typed; it must be a whole number
-  Typed,        // … = the text as typed, not checked
+  None,          // this choice searches nothing
+  Contains,      // … LIKE '%TEXT%'
+  EndsWith,      // … LIKE '%TEXT'
+  Whole,         // … LIKE 'TEXT', wildcards only where the user typed them
+  Date,          // … = 'YYYY-MM-DD'; the text must be a date
+  Number,        // … = the trimmed text; it must be a number
+  TypedNumber,   // … = the text as typed; it must be a number
+  TypedInteger,  // … = the text as typed; it must be a whole number
+  Typed,         // … = the text as typed, not checked
 };
 
 /// The find line of a choice: its start, such as "AND UPPER(C.ID)", and how it goes on.
@@ -29,16 +29,33 @@ struct TFindRule {
   std::string Start;
 };
 
-inline TFindRule Contains(std::string Start) { return {TFindKind::Contains, std::move(Start)}; }
-inline TFindRule EndsWith(std::string Start) { return {TFindKind::EndsWith, std::move(Start)}; }
-inline TFindRule Whole(std::string Start) { return {TFindKind::Whole, std::move(Start)}; }
-inline TFindRule OnDate(std::string Start) { return {TFindKind::Date, std::move(Start)}; }
-inline TFindRule OnNumber(std::string Start) { return {TFindKind::Number, std::move(Start)}; }
-inline TFindRule OnTypedNumber(std::string Start) { return {TFindKind::TypedNumber, std::move(Start)}; }
-inline TFindRule OnTypedInteger(std::string Start) { return {TFindKind::TypedInteger, std::move(Start)}; }
-inline TFindRule AsTyped(std::string Start) { return {TFindKind::Typed, std::move(Start)}; }
+inline TFindRule Contains(std::string Start) {
+  return {TFindKind::Contains, std::move(Start)};
+}
+inline TFindRule EndsWith(std::string Start) {
+  return {TFindKind::EndsWith, std::move(Start)};
+}
+inline TFindRule Whole(std::string Start) {
+  return {TFindKind::Whole, std::move(Start)};
+}
+inline TFindRule OnDate(std::string Start) {
+  return {TFindKind::Date, std::move(Start)};
+}
+inline TFindRule OnNumber(std::string Start) {
+  return {TFindKind::Number, std::move(Start)};
+}
+inline TFindRule OnTypedNumber(std::string Start) {
+  return {TFindKind::TypedNumber, std::move(Start)};
+}
+inline TFindRule OnTypedInteger(std::string Start) {
+  return {TFindKind::TypedInteger, std::move(Start)};
+}
+inline TFindRule AsTyped(std::string Start) {
+  return {TFindKind::Typed, std::move(Start)};
+}
 
-/// One choice of a dialog's find-by and order-by groups: the caption of its radio buttons and the SQL that it stands for.
+/// One choice of a dialog's find-by and order-by groups: the caption of its radio buttons and the SQL that it stands
+/// for.
 struct TPickChoice {
   /// A choice that is called as a field's column is.
   TPickChoice(const ads::TField* Field, std::string TheSort, TFindRule TheFind)
@@ -47,8 +64,8 @@ struct TPickChoice {
       : Caption(std::move(TheCaption)), Sort(std::move(TheSort)), Find(std::move(TheFind)) {}
 
   std::string Caption;
-  /// What ends the SELECT line when the list is ordered by this choice: "UPPER(C.ID) SortFld". One that starts with SELECT is the whole
-  /// line.
+  /// What ends the SELECT line when the list is ordered by this choice: "UPPER(C.ID) SortFld". One that starts with
+  /// SELECT is the whole line.
   std::string Sort;
   TFindRule Find;
 };
@@ -58,17 +75,17 @@ using TPickChoices = std::vector<TPickChoice>;
 
 /// What the user has set in a dialog, as the query is built from it.
 struct TQueryState {
-  int OrderBy = -1;         ///< the chosen order-by item
-  int FindBy = -1;          ///< the chosen find-by item
+  int OrderBy = -1;  ///< the chosen order-by item
+  int FindBy = -1;   ///< the chosen find-by item
   bool Descending = false;
-  bool WithFind = false;    ///< there is a find text to search with
-  std::string FindText;     ///< trimmed, upper-cased, quotes doubled
-  std::string Typed;        ///< as it was typed
-  std::string FindDate;     ///< YYYY-MM-DD; only where the find line wants a date
+  bool WithFind = false;  ///< there is a find text to search with
+  std::string FindText;   ///< trimmed, upper-cased, quotes doubled
+  std::string Typed;      ///< as it was typed
+  std::string FindDate;   ///< YYYY-MM-DD; only where the find line wants a date
 };
 
-/// Adds the lines of a list query in order, for a dialog's `SetSQL`. The same recipe builds the filtered query and, when that one failed, the one
-/// without its find lines.
+/// Adds the lines of a list query in order, for a dialog's `SetSQL`. The same recipe builds the filtered query and,
+/// when that one failed, the one without its find lines.
 class ZULPICKLISTS_EXPORT TListQuery {
  public:
   /// `SQL` is cleared first. `FindLines` says whether find lines are added.
@@ -77,8 +94,8 @@ class ZULPICKLISTS_EXPORT TListQuery {
   /// A line as it is.
   void Add(std::string Line);
 
-  /// The SELECT line: its columns, up to and with the last comma and blank, and the sort column of the chosen order-by. An order that there is no choice for adds
-  /// no line.
+  /// The SELECT line: its columns, up to and with the last comma and blank, and the sort column of the chosen order-by.
+  /// An order that there is no choice for adds no line.
   void Select(const std::string& Columns);
   void Select(const std::string& Columns, const TPickChoices& Choices);
 
@@ -89,7 +106,8 @@ class ZULPICKLISTS_EXPORT TListQuery {
   /// One find line whatever find-by is chosen, when there is a find text.
   void FindAlways(const TFindRule& Rule);
 
-  /// Here ends what a rebuild without the find line takes over, as one entry. A recipe without it is rebuilt line by line.
+  /// Here ends what a rebuild without the find line takes over, as one entry. A recipe without it is rebuilt line by
+  /// line.
   void Keep();
 
   /// The last line: by the sort column, in the direction of the descending box.
@@ -97,7 +115,8 @@ class ZULPICKLISTS_EXPORT TListQuery {
   void OrderBy(const std::string& Column) { OrderBy(Column, State_.Descending); }
   void OrderBy(const std::string& Column, bool Descending);
 
-  /// The texts of the lines that a multi-part query puts together itself; empty where `Select` and `Find` would add nothing.
+  /// The texts of the lines that a multi-part query puts together itself; empty where `Select` and `Find` would add
+  /// nothing.
   std::string SelectText(const std::string& Columns, const TPickChoices& Choices) const;
   std::string FindText(const TPickChoices& Choices) const;
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-/// The convention that every exported pick function follows, written once: create the dialog, show it, take the key when it was closed
-/// with OK, free the dialog in every case.
+/// The convention that every exported pick function follows, written once: create the dialog, show it, take the key
+/// when it was closed with OK, free the dialog in every case.
 namespace pickbase {
 
 /// Runs one pick; `Take` reads what the user chose from the dialog. Whether something was chosen.
@@ -25,8 +25,8 @@ bool PickTextInOut(std::string& Key, std::string (TDialog::*Accessor)() const, T
   return Pick<TDialog>([&](const TDialog& Dialog) { Key = (Dialog.*Accessor)(); }, std::move(Args)...);
 }
 
-/// A pick with a text key that is output only: it is empty unless something is chosen, also when the pick throws. The arguments are
-/// taken by value, so the caller may pass the same variable as argument and key.
+/// A pick with a text key that is output only: it is empty unless something is chosen, also when the pick throws. The
+/// arguments are taken by value, so the caller may pass the same variable as argument and key.
 template <typename TDialog, typename... TArgs>
 bool PickText(std::string& Key, std::string (TDialog::*Accessor)() const, TArgs... Args) {
   Key.clear();

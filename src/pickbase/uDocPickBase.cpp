@@ -27,8 +27,12 @@ using zulcommon::LoadZULResString;
 
 std::string SQL_DATE_FMT = "YYYY-MM-DD";
 
-void StartUnit() { SQL_DATE_FMT = "YYYY-MM-DD"; }
-void EndUnit() { std::string().swap(SQL_DATE_FMT); }
+void StartUnit() {
+  SQL_DATE_FMT = "YYYY-MM-DD";
+}
+void EndUnit() {
+  std::string().swap(SQL_DATE_FMT);
+}
 
 namespace {
 
@@ -46,7 +50,9 @@ constexpr int BoxHeight = 14;
 // As long a text as anybody may want to paste; the line edit's own limit would cut it silently.
 constexpr int LongestFindText = 1 << 20;
 
-QString Shown(const std::string& Text) { return QString::fromStdString(Text); }
+QString Shown(const std::string& Text) {
+  return QString::fromStdString(Text);
+}
 
 template <typename TWidget>
 TWidget* Named(TWidget* Widget, const char* Name) {
@@ -58,7 +64,9 @@ std::string DecimalsFormat(int Decimals) {
   return Decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(Decimals), '0') : ",0";
 }
 
-int ChoicesHeight(const toolkit::TRadioGroup& Group) { return Group.Items().Count() * BoxHeight + 20; }
+int ChoicesHeight(const toolkit::TRadioGroup& Group) {
+  return Group.Items().Count() * BoxHeight + 20;
+}
 
 }  // namespace
 
@@ -73,7 +81,9 @@ TDocPickBase::TDocPickBase() {
   PlacePanels();
 }
 
-TDocPickBase::~TDocPickBase() { dbgAvail->SetDataSet(nullptr); }
+TDocPickBase::~TDocPickBase() {
+  dbgAvail->SetDataSet(nullptr);
+}
 
 void TDocPickBase::CreateList() {
   qryList_ = Named(new ads::TAdsQuery(this), "qryList_");
@@ -223,8 +233,8 @@ void TDocPickBase::CallSetSQL() {
   } while (QueryAgain_ && isVisible() == WasVisible);
 }
 
-// One query behind the please-wait window. The window runs the event loop in a dialog that is shown already, so the user may close the
-// dialog there: nothing is left to be queried then.
+// One query behind the please-wait window. The window runs the event loop in a dialog that is shown already, so the
+// user may close the dialog there: nothing is left to be queried then.
 void TDocPickBase::RunQuery() {
   const bool WasVisible = isVisible();
   uZULPickPlsWait::TZULPickPlsWait Wait(this, LoadZULResString(RetrievingText), true);
@@ -248,7 +258,9 @@ void TDocPickBase::AdjustWidths() {
                           static_cast<QWidget*>(rgOrderBy), static_cast<QWidget*>(ckbDesc)}) {
     Beside->move(Left, Beside->y());
   }
-  const QWidget* Rightmost = !gbFind->isHidden() ? gbFind : !rgOrderBy->isHidden() ? static_cast<QWidget*>(rgOrderBy) : gbList;
+  const QWidget* Rightmost = !gbFind->isHidden()      ? gbFind
+                             : !rgOrderBy->isHidden() ? static_cast<QWidget*>(rgOrderBy)
+                                                      : gbList;
   SetClientSize(Rightmost->x() + Rightmost->width() + Gap + pnlButtons->width(), gbList->y() + gbList->height() + Gap);
   PlacePanels();
   uZULPickListsUtils::CenterFormOnScreen(this);
@@ -261,8 +273,8 @@ void TDocPickBase::PlacePanels() {
 
 void TDocPickBase::UpdateFind() {
   rgFindBy->resize(rgFindBy->width(), ChoicesHeight(*rgFindBy));
-  // The list group is what is asked for on purpose: it is always there, so the order-by group stands under the find-by group even where that
-  // one is hidden.
+  // The list group is what is asked for on purpose: it is always there, so the order-by group stands under the find-by
+  // group even where that one is hidden.
   const int Top = gbList->isHidden() ? gbFind->y() : rgFindBy->y() + rgFindBy->height();
   rgOrderBy->setGeometry(rgOrderBy->x(), Top, rgOrderBy->width(), ChoicesHeight(*rgOrderBy));
   ckbDesc->move(ckbDesc->x(), rgOrderBy->y() + rgOrderBy->height());
@@ -292,9 +304,13 @@ void TDocPickBase::SetAvailableCaption(const std::string& Subject) {
   dbgAvail->setAccessibleName(Caption);
 }
 
-std::string TDocPickBase::TypedText() const { return edFind->text().toStdString(); }
+std::string TDocPickBase::TypedText() const {
+  return edFind->text().toStdString();
+}
 
-bool TDocPickBase::HasFindText() const { return !zulcommon::Trim(TypedText()).empty(); }
+bool TDocPickBase::HasFindText() const {
+  return !zulcommon::Trim(TypedText()).empty();
+}
 
 std::string TDocPickBase::FindText() const {
   return uZULPickListsUtils::AddQuotes(zulcommon::UpperCase(zulcommon::Trim(TypedText())));
@@ -368,13 +384,21 @@ void TDocPickBase::OpenGuarded(const TPickChoices& Choices, const TRecipe& Recip
   qryList_->Open();
 }
 
-void TDocPickBase::actOKUpdate() { actOK->setEnabled(!Querying_ && qryList_->Active() && !qryList_->IsEmpty()); }
+void TDocPickBase::actOKUpdate() {
+  actOK->setEnabled(!Querying_ && qryList_->Active() && !qryList_->IsEmpty());
+}
 
-void TDocPickBase::actOKExecute() { accept(); }
+void TDocPickBase::actOKExecute() {
+  accept();
+}
 
-void TDocPickBase::actCancelExecute() { reject(); }
+void TDocPickBase::actCancelExecute() {
+  reject();
+}
 
-void TDocPickBase::actFindUpdate() { actFind->setEnabled(HasFindText()); }
+void TDocPickBase::actFindUpdate() {
+  actFind->setEnabled(HasFindText());
+}
 
 void TDocPickBase::actFindExecute() {
   if (actFind->isEnabled()) CallSetSQL();
@@ -388,7 +412,9 @@ void TDocPickBase::edFindChange() {
   if (edFind->text().isEmpty()) CallSetSQL();
 }
 
-void TDocPickBase::rgFindByClick() { edFind->clear(); }
+void TDocPickBase::rgFindByClick() {
+  edFind->clear();
+}
 
 void TDocPickBase::OrderClick() {
   if (!InSetup) CallSetSQL();
@@ -406,12 +432,24 @@ void TDocPickBase::dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect&
 TField* TDocPickBase::TextField(const std::string& Name, int Size) {
   return qryList_->AddField(Name, TFieldType::ftString, Size);
 }
-TField* TDocPickBase::BooleanField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftBoolean); }
-TField* TDocPickBase::FloatField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftFloat); }
-TField* TDocPickBase::DateField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftDate); }
-TField* TDocPickBase::SmallintField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftSmallint); }
-TField* TDocPickBase::IntegerField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftInteger); }
-TField* TDocPickBase::AutoIncField(const std::string& Name) { return qryList_->AddField(Name, TFieldType::ftAutoInc); }
+TField* TDocPickBase::BooleanField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftBoolean);
+}
+TField* TDocPickBase::FloatField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftFloat);
+}
+TField* TDocPickBase::DateField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftDate);
+}
+TField* TDocPickBase::SmallintField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftSmallint);
+}
+TField* TDocPickBase::IntegerField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftInteger);
+}
+TField* TDocPickBase::AutoIncField(const std::string& Name) {
+  return qryList_->AddField(Name, TFieldType::ftAutoInc);
+}
 TField* TDocPickBase::CalculatedField(const std::string& Name, TFieldType Type) {
   return qryList_->AddField(Name, Type, 0, ads::TFieldKind::fkCalculated);
 }

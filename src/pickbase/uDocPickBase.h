@@ -30,18 +30,20 @@ ZULPICKLISTS_EXPORT extern std::string SQL_DATE_FMT;
 void StartUnit();
 void EndUnit();
 
-/// The modal dialog from which every pick dialog derives: a list of candidate records, a find box, the choices what to find and to order by, a
-/// descending switch, OK and Cancel.
+/// The modal dialog from which every pick dialog derives: a list of candidate records, a find box, the choices what to
+/// find and to order by, a descending switch, OK and Cancel.
 ///
-/// A dialog declares its fields, columns and extra boxes in its constructor, its captions and choices in `SetUpColumns` and its query in `SetSQL`. It is
-/// created by its static `Create`, which builds the complete object over the caller's connection and runs the first query; what that raises reaches the caller.
-/// The connection is borrowed for the life of the dialog.
+/// A dialog declares its fields, columns and extra boxes in its constructor, its captions and choices in `SetUpColumns`
+/// and its query in `SetSQL`. It is created by its static `Create`, which builds the complete object over the caller's
+/// connection and runs the first query; what that raises reaches the caller. The connection is borrowed for the life of
+/// the dialog.
 class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   Q_OBJECT
  public:
   ~TDocPickBase() override;
 
-  /// Shows the dialog modally; whether it was closed with OK. An empty list is not shown when `SetShowIfEmpty(false)` was called: false then.
+  /// Shows the dialog modally; whether it was closed with OK. An empty list is not shown when `SetShowIfEmpty(false)`
+  /// was called: false then.
   bool ShowPick();
 
   /// Runs the query again behind the please-wait window. While a query runs already, one more run follows it.
@@ -68,7 +70,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// The find box's date as YYYY-MM-DD. Throws `toolkit::EConvertError` when it is none.
   std::string FindDate() const;
 
-  /// Throw `zulcommon::EZULException`, code -1, when S is no date in the user's short date pattern, no 32-bit integer, no number.
+  /// Throw `zulcommon::EZULException`, code -1, when S is no date in the user's short date pattern, no 32-bit integer,
+  /// no number.
   void CheckDate(const std::string& S) const;
   void CheckInt(const std::string& S) const;
   void CheckNumber(const std::string& S) const;
@@ -84,8 +87,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void rgFindByClick();
   void OrderClick();
   virtual void dbgAvailDblClick();
-  virtual void dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol, toolkit::TColumn* Column,
-                                      toolkit::TGridDrawState State);
+  virtual void dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
+                                      toolkit::TColumn* Column, toolkit::TGridDrawState State);
 
   QWidget* pnlForm;
   QGroupBox* gbList;
@@ -125,8 +128,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// Creates the components. Everything that may fail or that a descendant overrides comes later, in `Build`.
   TDocPickBase();
 
-  /// What every static `Create` does: constructs the dialog from its arguments, then runs the construction steps on the complete
-  /// object.
+  /// What every static `Create` does: constructs the dialog from its arguments, then runs the construction steps on the
+  /// complete object.
   template <typename TDialog, typename... TArgs>
   static std::unique_ptr<TDialog> Construct(ads::TAdsConnection* Connection, TArgs&&... Args) {
     std::unique_ptr<TDialog> Dialog(new TDialog(std::forward<TArgs>(Args)...));
@@ -154,7 +157,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// Appends a narrow centred column, as Booleans and icons have.
   toolkit::TColumn& NarrowColumn(ads::TField* Field);
 
-  /// Adds a check box of the dialog's own below the descending box (and below those added before); a change queries again.
+  /// Adds a check box of the dialog's own below the descending box (and below those added before); a change queries
+  /// again.
   QCheckBox* AddFilterBox(const char* Name, const char* Caption);
   /// The same with a handler of its own instead; it runs guarded.
   QCheckBox* AddCheckBox(const char* Name, const char* Caption, std::function<void()> OnClick);
@@ -167,8 +171,9 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
 
   using TRecipe = std::function<void(TListQuery&)>;
 
-  /// Builds the query by the recipe and opens it. The find text is checked first as the chosen find-by asks; a bad one throws and leaves everything as it was. When
-  /// building or opening fails, the same recipe is run once more without its find lines; only a failure of that reaches the caller.
+  /// Builds the query by the recipe and opens it. The find text is checked first as the chosen find-by asks; a bad one
+  /// throws and leaves everything as it was. When building or opening fails, the same recipe is run once more without
+  /// its find lines; only a failure of that reaches the caller.
   void OpenGuarded(const TRecipe& Recipe) { OpenGuarded(Choices_, Recipe); }
   /// The same for a query whose indexes stand for other choices than those offered.
   void OpenGuarded(const TPickChoices& Choices, const TRecipe& Recipe);

@@ -100,9 +100,13 @@ void TDocPickMultiBase::PutTickedLast() {
   NarrowColumn(qryList_Ticked);
 }
 
-void TDocPickMultiBase::qryList_CalcFields() { qryList_Ticked->SetBoolean(TickedRows.Contains(qryList_->RecNo())); }
+void TDocPickMultiBase::qryList_CalcFields() {
+  qryList_Ticked->SetBoolean(TickedRows.Contains(qryList_->RecNo()));
+}
 
-void TDocPickMultiBase::qryList_AfterClose() { TickedRows.Clear(); }
+void TDocPickMultiBase::qryList_AfterClose() {
+  TickedRows.Clear();
+}
 
 void TDocPickMultiBase::actOKUpdate() {
   TDocPickBase::actOKUpdate();

@@ -10,8 +10,8 @@ class QMenu;
 
 namespace uDocPickMultiBase {
 
-/// The record numbers of the ticked rows, in the order in which they were ticked. Whether a row is among them is known without a search,
-/// so a million rows can be ticked and read.
+/// The record numbers of the ticked rows, in the order in which they were ticked. Whether a row is among them is known
+/// without a search, so a million rows can be ticked and read.
 class ZULPICKLISTS_EXPORT TTickedRows : public uZULPickLists::TIntegerList {
  public:
   ~TTickedRows() override;

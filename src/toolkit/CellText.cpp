@@ -25,11 +25,12 @@ Qt::Alignment QtAlignment(ads::TAlignment Alignment) {
   }
 }
 
-void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment) {
+void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment,
+                  Qt::TextElideMode Elide) {
   if (Text.empty()) return;
   const QRect Inside = Cell.adjusted(CellTextMargin, 0, -CellTextMargin, 0);
   const QString Whole = QString::fromStdString(Text).left(MaxMeasured);
-  QString Shown = Painter.fontMetrics().elidedText(Whole, Qt::ElideRight, Inside.width());
+  QString Shown = Painter.fontMetrics().elidedText(Whole, Elide, Inside.width());
   // In the narrowest columns nothing but the ellipsis would be left: the first letter says more.
   if (Shown.size() == 1 && Whole.size() > 1) Shown = Whole.left(1);
   Painter.drawText(Inside, static_cast<int>(QtAlignment(Alignment)) | Qt::TextSingleLine, Shown);

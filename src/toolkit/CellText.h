@@ -17,6 +17,7 @@ Qt::Alignment QtAlignment(ads::TAlignment Alignment);
 
 /// Draws one line of text in the painter's font and pen, vertically centred, cut off with an ellipsis where it does not
 /// fit.
-void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment);
+void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment,
+                  Qt::TextElideMode Elide = Qt::ElideRight);
 
 }  // namespace toolkit

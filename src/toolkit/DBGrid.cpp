@@ -212,7 +212,11 @@ void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawSta
 void TDBGrid::DefaultDrawColumnCell(const QRect& Rect, int, TColumn* Column, TGridDrawState) {
   if (Canvas_ == nullptr) return;
   Canvas_->fillRect(Rect, Canvas_->brush());
-  if (Column->Field() != nullptr) DrawCellText(*Canvas_, Rect, Column->Field()->DisplayText(), Column->Alignment());
+  if (Column->Field() == nullptr) return;
+  // Codes and numbers stand right: of a code that does not fit, its end tells it from the others.
+  const bool IsRight = Column->Alignment() == TAlignment::taRightJustify;
+  DrawCellText(*Canvas_, Rect, Column->Field()->DisplayText(), Column->Alignment(),
+               IsRight ? Qt::ElideLeft : Qt::ElideRight);
 }
 
 // Every repaint would raise it again, the one after the box is closed included: one box tells what is wrong.

@@ -127,7 +127,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   std::function<bool(const QString& Text)> OnKeyPress;
 
   /// The cell as text: filled with the canvas's brush, the field's display text in the canvas's pen, aligned as the
-  /// column, 2 pixels from the sides, cut off with an ellipsis. Only while a cell is being painted.
+  /// column, 2 pixels from the sides, cut off with an ellipsis (a right-aligned one at its start). Only while a cell is
+  /// being painted.
   void DefaultDrawColumnCell(const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State);
 
   /// The painter of the cell that is being painted, its brush the cell's background and its pen the text colour; null

@@ -45,8 +45,7 @@ int TColumn::Width() const {
   // Advances are fractions of a pixel: rounded down, a text that just fits would be cut off.
   const int Characters = Field_ != nullptr ? Field_->DisplayWidth() : 0;
   const bool IsCode = Field_ != nullptr && Field_->DataType() == ads::TFieldType::ftString && Characters <= LongestCode;
-  const double CharactersWidth =
-      Characters * QFontMetricsF(TForm::FormFont()).horizontalAdvance(IsCode ? u'D' : u'0');
+  const double CharactersWidth = Characters * QFontMetricsF(TForm::FormFont()).horizontalAdvance(IsCode ? u'D' : u'0');
   const double TitleWidth = QFontMetricsF(TForm::TitleFont()).horizontalAdvance(QString::fromStdString(Title()));
   return static_cast<int>(std::ceil(std::max(CharactersWidth, TitleWidth))) + 2 * CellTextMargin;
 }

@@ -74,10 +74,30 @@ class TRandomUser {
   }
 
   QString Text() {
-    static const QStringList Texts{"a",     "'",       "%",          "_",    "\\",        "O'N",   "31/12/2025",
-                                   "2025-12-31", "7",  "7; DELETE FROM Cust", "1e3", "') OR ('1'='1", "--",
-                                   "/*",    "é ß",     "$$",         "\x01", "0x10",      "[Desc]", "\"x\"",
-                                   "1 UNION SELECT 1", "-5",         " ",    "A very long text that nothing has at all"};
+    static const QStringList Texts{"a",
+                                   "'",
+                                   "%",
+                                   "_",
+                                   "\\",
+                                   "O'N",
+                                   "31/12/2025",
+                                   "2025-12-31",
+                                   "7",
+                                   "7; DELETE FROM Cust",
+                                   "1e3",
+                                   "') OR ('1'='1",
+                                   "--",
+                                   "/*",
+                                   "é ß",
+                                   "$$",
+                                   "\x01",
+                                   "0x10",
+                                   "[Desc]",
+                                   "\"x\"",
+                                   "1 UNION SELECT 1",
+                                   "-5",
+                                   " ",
+                                   "A very long text that nothing has at all"};
     return Texts[Below(static_cast<int>(Texts.size()))];
   }
 

@@ -64,7 +64,8 @@ class tst_PlsWait : public QObject {
   void shouldPumpMessagesWhenTheMessageChanges() {
     TZULPickPlsWait Window(nullptr, "Reading", true);
     bool Ran = false;
-    QMetaObject::invokeMethod(this, [&Ran] { Ran = true; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [&Ran] { Ran = true; }, Qt::QueuedConnection);
     Window.UpdateForm("Sorting");
     QVERIFY(Ran);
     QCOMPARE(Window.lblStatus->text(), QString("Sorting"));

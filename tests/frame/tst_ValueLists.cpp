@@ -24,7 +24,9 @@ class TCounted : public TSimpleObj {
 
 class TCountedList : public TSimpleObjList {
  public:
-  TCountedList() { ItemClass = [] { return std::make_unique<TCounted>(); }; }
+  TCountedList() {
+    ItemClass = [] { return std::make_unique<TCounted>(); };
+  }
 };
 
 }  // namespace

@@ -25,8 +25,8 @@ const char* NameOf(TBackendKind Kind);
 /// Whether the data lie on the PostgreSQL server.
 bool IsOnPostgreSQL(TBackendKind Kind);
 
-/// A sample company of its own behind one kind of connection, open as a host would have it, for a test to pick from and to
-/// change.
+/// A sample company of its own behind one kind of connection, open as a host would have it, for a test to pick from and
+/// to change.
 class TBackend {
  public:
   ~TBackend();
@@ -39,7 +39,8 @@ class TBackend {
   QSqlDatabase Database() const { return Database_; }
   ads::TAdsConnection* Connection() { return Connection_.get(); }
 
-  /// Another connection to the same data by Qt's own driver (QSQLITE or QPSQL), for watching what the host's leaves behind.
+  /// Another connection to the same data by Qt's own driver (QSQLITE or QPSQL), for watching what the host's leaves
+  /// behind.
   QSqlDatabase Beside() const { return Beside_; }
 
   /// Run a statement of the server's own SQL; the test program ends when it fails.
@@ -62,8 +63,8 @@ class TBackend {
   std::unique_ptr<ads::TAdsConnection> Connection_;
 };
 
-/// The four kinds of connection, with a PostgreSQL server of the test program's own; one of these a program. The company is
-/// generated once a kind and copied for each backend.
+/// The four kinds of connection, with a PostgreSQL server of the test program's own; one of these a program. The
+/// company is generated once a kind and copied for each backend.
 class TBackends {
  public:
   TBackends();

@@ -1,6 +1,6 @@
-// An ODBC driver that is SQLite's, which it is linked to, but for two things: it names another server, as the environment
-// variable ZUL_ODBC_SERVER says, and it appends every text that it is given to run, a zero byte behind each, to the file that
-// ZUL_ODBC_RECORD names. A driver manager finds all other functions in the driver behind it.
+// An ODBC driver that is SQLite's, which it is linked to, but for two things: it names another server, as the
+// environment variable ZUL_ODBC_SERVER says, and it appends every text that it is given to run, a zero byte behind
+// each, to the file that ZUL_ODBC_RECORD names. A driver manager finds all other functions in the driver behind it.
 #include <dlfcn.h>
 #include <sql.h>
 #include <sqlext.h>
@@ -40,8 +40,8 @@ ZUL_DRIVER_EXPORT SQLRETURN SQL_API SQLPrepare(SQLHSTMT Statement, SQLCHAR* Text
   return Behind<decltype(SQLPrepare)>("SQLPrepare")(Statement, Text, Length);
 }
 
-ZUL_DRIVER_EXPORT SQLRETURN SQL_API SQLGetInfo(SQLHDBC Connection, SQLUSMALLINT Kind, SQLPOINTER Value, SQLSMALLINT Room,
-                                               SQLSMALLINT* Length) {
+ZUL_DRIVER_EXPORT SQLRETURN SQL_API SQLGetInfo(SQLHDBC Connection, SQLUSMALLINT Kind, SQLPOINTER Value,
+                                               SQLSMALLINT Room, SQLSMALLINT* Length) {
   if (Kind != SQL_DBMS_NAME) return Behind<decltype(SQLGetInfo)>("SQLGetInfo")(Connection, Kind, Value, Room, Length);
   const char* Server = std::getenv("ZUL_ODBC_SERVER");
   if (Value != nullptr) std::snprintf(static_cast<char*>(Value), static_cast<std::size_t>(Room), "%s", Server);

@@ -1,1 +1,200 @@
-int main() {}
+#include <QElapsedTimer>
+#include <QTest>
+
+#include "ads/Ads.h"
+#include "ads/Values.h"
+#include "servers/Backends.h"
+
+using support::TBackend;
+using support::TBackendKind;
+
+namespace {
+
+std::string MessageOf(const std::function<void()>& Body) {
+  try {
+    Body();
+  } catch (const ads::EDatabaseError& Error) {
+    return Error.what();
+  }
+  return "nothing was thrown";
+}
+
+constexpr char Lost[] = "The connection to the database is lost; it must be opened again before lists can be read.";
+
+#define VERIFY_CONTAINS(Text, Part) QVERIFY2((Text).find(Part) != std::string::npos, (Text).c_str())
+
+}  // namespace
+
+/// What goes wrong with servers and connections: each time a clear message, the dataset as it was, and lists again as
+/// soon as the connection is usable again.
+class tst_BadDays : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<support::TBackends> Backends_;
+  std::unique_ptr<TBackend> Company_;
+  std::unique_ptr<ads::TAdsQuery> List_;
+  ads::TField* Zip_ = nullptr;
+
+  void AddBackends(bool OnlyPostgreSQL) {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : support::AllBackends) {
+      if (!OnlyPostgreSQL || support::IsOnPostgreSQL(Kind)) QTest::newRow(support::NameOf(Kind)) << Kind;
+    }
+  }
+  bool Open(const QString& Options = {}) {
+    const TBackendKind Kind = *static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()));
+    const QString Missing = Backends_->Missing(Kind);
+    if (!Missing.isEmpty()) {
+      [&Missing] { QSKIP(qPrintable(Missing)); }();
+      return false;
+    }
+    Company_ = Backends_->Open(Kind, Options);
+    List_ = std::make_unique<ads::TAdsQuery>(nullptr);
+    List_->SetConnection(Company_->Connection());
+    Zip_ = List_->AddField("Zip", ads::TFieldType::ftString, 30);
+    List_->SQL()->Add("SELECT Zip FROM Area ORDER BY Zip");
+    List_->Open();
+    return true;
+  }
+  std::string Reopen() {
+    return MessageOf([this] { List_->Open(); });
+  }
+  QStringList Rows(const std::string& Sql) { return Values(*Company_->Connection(), Sql); }
+
+  // The list still shows what it showed.
+  void KeepsItsRows(int Count, const std::string& First) {
+    QVERIFY(List_->Active());
+    QCOMPARE(List_->RecordCount(), Count);
+    QCOMPARE(Zip_->AsString(), First);
+  }
+
+  // What the host does to be connected again.
+  void OpenAgain() {
+    QSqlDatabase Database = Company_->Database();
+    Database.close();
+    QVERIFY2(Database.open(), qPrintable(Database.lastError().text()));
+    QCOMPARE(Reopen(), std::string("nothing was thrown"));
+  }
+
+ private slots:
+  void initTestCase() { Backends_ = std::make_unique<support::TBackends>(); }
+  void cleanup() {
+    List_.reset();
+    Company_.reset();
+  }
+
+  void shouldSayThatTheServerIsGone_data() { AddBackends(true); }
+  void shouldSayThatTheServerIsGone() {
+    if (!Open()) return;
+    const int Count = List_->RecordCount();
+    const std::string First = Zip_->AsString();
+    Backends_->Server().Stop();
+    const std::string Gone = Reopen();
+    VERIFY_CONTAINS(Gone, Lost);
+    KeepsItsRows(Count, First);
+    VERIFY_CONTAINS(Reopen(), Lost);  // and once more when it is asked again
+    QVERIFY(Backends_->Server().Restart());
+    VERIFY_CONTAINS(Reopen(),
+                    Lost);  // what the host had set up in its session is gone: only the host may open it again
+    KeepsItsRows(Count, First);
+    OpenAgain();
+    KeepsItsRows(Count, First);
+  }
+
+  void shouldSayThatTheConnectionWasCut_data() { AddBackends(true); }
+  void shouldSayThatTheConnectionWasCut() {
+    if (!Open()) return;
+    const int Count = List_->RecordCount();
+    const std::string First = Zip_->AsString();
+    const QString Process = TBackend::Value(Company_->Database(), "SELECT pg_backend_pid()").toString();
+    Company_->ExecuteBeside("SELECT pg_terminate_backend(" + Process + ")");
+    QTRY_COMPARE(Company_->ValueBeside("SELECT COUNT(*) FROM pg_stat_activity WHERE pid = " + Process).toInt(), 0);
+    VERIFY_CONTAINS(Reopen(), Lost);
+    KeepsItsRows(Count, First);
+    OpenAgain();
+  }
+
+  void shouldSayThatTheConnectionWasCutInTheMidstOfTheRows_data() { AddBackends(true); }
+  void shouldSayThatTheConnectionWasCutInTheMidstOfTheRows() {
+    if (!Open("UseDeclareFetch=1")) return;
+    const QString Process = TBackend::Value(Company_->Database(), "SELECT pg_backend_pid()").toString();
+    ads::TAdsQuery Long(nullptr);
+    Long.SetConnection(Company_->Connection());
+    Long.AddField("ID", ads::TFieldType::ftString, 6);
+    Long.SQL()->Add("SELECT A.ID FROM Cust A, Cust B, Cust C");
+    int Calls = 0;
+    Long.OnProgress = [&] {
+      if (++Calls == 2) Company_->ExecuteBeside("SELECT pg_terminate_backend(" + Process + ")");
+    };
+    const std::string Message = MessageOf([&] { Long.Open(); });
+    VERIFY_CONTAINS(Message, Lost);
+    QVERIFY(Calls >= 2);
+    QVERIFY(!Long.Active());
+    VERIFY_CONTAINS(Reopen(), Lost);
+    OpenAgain();
+  }
+
+  void shouldSayThatAQueryTookTooLong_data() { AddBackends(true); }
+  void shouldSayThatAQueryTookTooLong() {
+    if (!Open()) return;
+    const int Count = List_->RecordCount();
+    const std::string First = Zip_->AsString();
+    Company_->Execute("SET statement_timeout = '200ms'");
+    for (const bool InTransaction : {false, true}) {
+      if (InTransaction) QVERIFY(Company_->Database().transaction());
+      const std::string Message = MessageOf([this] { Rows("SELECT COUNT(*) X FROM Cust A, Cust B, Cust C, Cust D"); });
+      VERIFY_CONTAINS(Message, "canceling statement due to statement timeout");
+      KeepsItsRows(Count, First);
+      QCOMPARE(Reopen(), std::string("nothing was thrown"));
+      if (InTransaction) QVERIFY(Company_->Database().commit());
+    }
+    QCOMPARE(TBackend::Value(Company_->Database(), "SHOW statement_timeout").toString(), QString("200ms"));
+  }
+
+  void shouldSayThatATableIsLocked_data() { AddBackends(true); }
+  void shouldSayThatATableIsLocked() {
+    if (!Open()) return;
+    Company_->Execute("SET lock_timeout = '200ms'");
+    for (const bool InTransaction : {false, true}) {
+      if (InTransaction) QVERIFY(Company_->Database().transaction());
+      Company_->ExecuteBeside("BEGIN");
+      Company_->ExecuteBeside("LOCK TABLE area IN ACCESS EXCLUSIVE MODE");
+      VERIFY_CONTAINS(Reopen(), "canceling statement due to lock timeout");
+      QVERIFY(List_->Active());
+      QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));  // other tables are free
+      Company_->ExecuteBeside("ROLLBACK");
+      QCOMPARE(Reopen(), std::string("nothing was thrown"));
+      if (InTransaction) QVERIFY(Company_->Database().commit());
+    }
+  }
+
+  void shouldSayThatTheFileIsLocked_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::ODBCSQLite}) {
+      QTest::newRow(support::NameOf(Kind)) << Kind;
+    }
+  }
+  void shouldSayThatTheFileIsLocked() {
+    if (!Open("Timeout=200")) return;
+    if (Company_->Kind() == TBackendKind::SQLite) Company_->Execute("PRAGMA busy_timeout = 200");
+    const int Count = List_->RecordCount();
+    const std::string First = Zip_->AsString();
+    Company_->ExecuteBeside("BEGIN EXCLUSIVE");
+    VERIFY_CONTAINS(Reopen(), "locked");
+    KeepsItsRows(Count, First);
+    Company_->ExecuteBeside("ROLLBACK");
+    QCOMPARE(Reopen(), std::string("nothing was thrown"));
+  }
+
+  void shouldSayThatTheConnectionIsNotOpen_data() { AddBackends(false); }
+  void shouldSayThatTheConnectionIsNotOpen() {
+    if (!Open()) return;
+    Company_->Database().close();
+    QCOMPARE(Reopen(), std::string("The database connection is not open."));
+    QVERIFY(List_->Active());
+    OpenAgain();
+  }
+};
+
+QTEST_GUILESS_MAIN(tst_BadDays)
+#include "tst_BadDays.moc"

@@ -79,8 +79,10 @@ class tst_ODBCConnection : public QObject {
   // Opens a backend of a kind, or skips the test.
   bool Open(TBackendKind Kind, const QString& Options = {}) {
     const QString Missing = Backends_->Missing(Kind);
-    if (Missing.isEmpty()) Company_ = Backends_->Open(Kind, Options);
-    else [this, &Missing] { QSKIP(qPrintable(Missing)); }();
+    if (Missing.isEmpty())
+      Company_ = Backends_->Open(Kind, Options);
+    else
+      [this, &Missing] { QSKIP(qPrintable(Missing)); }();
     return Missing.isEmpty();
   }
   QStringList Rows(const std::string& Sql, const std::string& Column = "X") {
@@ -139,7 +141,8 @@ class tst_ODBCConnection : public QObject {
     if (!Open(TBackendKind::ODBCSQLite)) return;
     Company_->Execute(
         "CREATE TABLE T (I INTEGER, S SMALLINT, B BOOLEAN, D DATE, F DOUBLE, V VARCHAR(4), C CHAR(6), L TEXT)");
-    Company_->Execute("INSERT INTO T VALUES (-2147483648, 7, 1, '2024-06-30', 0.1, 'longer than four', 'ab', 'é ✓ 𝄞')");
+    Company_->ExecuteBeside(
+        "INSERT INTO T VALUES (-2147483648, 7, 1, '2024-06-30', 0.1, 'longer than four', 'ab', 'é ✓ 𝄞')");
     Company_->Execute("INSERT INTO T VALUES ('x', 1.5, 'yes', '', 'abc', 12, NULL, '')");
     Company_->Execute("INSERT INTO T (I) VALUES (NULL)");
     ads::TAdsQuery Query(nullptr);
@@ -183,8 +186,9 @@ class tst_ODBCConnection : public QObject {
   void shouldUpperCaseEveryLetterOnAPlainSQLite() {
     if (!Open(TBackendKind::ODBCSQLite)) return;
     Company_->Execute("CREATE TABLE Letters (Code INTEGER, A VARCHAR(10))");
-    Company_->ExecuteBeside("WITH RECURSIVE N(I) AS (SELECT 32 UNION ALL SELECT I + 1 FROM N WHERE I < 131071) "
-                            "INSERT INTO Letters SELECT I, 'x' || char(I) || 'y' FROM N WHERE I NOT BETWEEN 55296 AND 57343");
+    Company_->ExecuteBeside(
+        "WITH RECURSIVE N(I) AS (SELECT 32 UNION ALL SELECT I + 1 FROM N WHERE I < 131071) "
+        "INSERT INTO Letters SELECT I, 'x' || char(I) || 'y' FROM N WHERE I NOT BETWEEN 55296 AND 57343");
     ads::TAdsQuery Query(nullptr);
     Query.SetConnection(Company_->Connection());
     const ads::TField* Code = Query.AddField("Code", ads::TFieldType::ftInteger);
@@ -203,8 +207,9 @@ class tst_ODBCConnection : public QObject {
   void shouldMatchOnAPlainSQLiteAsEverywhere() {
     if (!Open(TBackendKind::ODBCSQLite)) return;
     Company_->Execute("CREATE TABLE T (N INTEGER, A VARCHAR(20))");
-    Company_->ExecuteBeside("INSERT INTO T VALUES (1, 'éclair'), (2, 'Zoo*'), (3, NULL), (4, 'a\\b?[c]'), (5, 'x%y_z'), "
-                            "(6, '50'), (7, 'it''s')");
+    Company_->ExecuteBeside(
+        "INSERT INTO T VALUES (1, 'éclair'), (2, 'Zoo*'), (3, NULL), (4, 'a\\b?[c]'), (5, 'x%y_z'), "
+        "(6, '50'), (7, 'it''s')");
     const auto Found = [this](const std::string& Condition) {
       return Rows("SELECT N X FROM T WHERE " + Condition + " ORDER BY N");
     };
@@ -257,11 +262,13 @@ class tst_ODBCConnection : public QObject {
     QFETCH(QString, Options);
     QFETCH(QString, Setting);
     if (!Open(TBackendKind::ODBCPostgreSQL, Options)) return;
-    Company_->ExecuteBeside("CREATE TABLE t (bo boolean, i2 smallint, i8 bigint, f4 real, f8 double precision, "
-                            "nu numeric(30,12), mo money, da date, ts timestamp, ch char(8), vc varchar(20), tx text)");
-    Company_->ExecuteBeside("INSERT INTO t VALUES (true, -7, -9007199254740993, 0.5, 0.1::float8 + 0.2, "
-                            "-123456789012345678.123456789012, '-1234.56', '2024-06-30', '1999-12-31 23:59:59.5', "
-                            "'ab', 'é \\ x', repeat('✓', 9000))");
+    Company_->ExecuteBeside(
+        "CREATE TABLE t (bo boolean, i2 smallint, i8 bigint, f4 real, f8 double precision, "
+        "nu numeric(30,12), mo money, da date, ts timestamp, ch char(8), vc varchar(20), tx text)");
+    Company_->ExecuteBeside(
+        "INSERT INTO t VALUES (true, -7, -9007199254740993, 0.5, 0.1::float8 + 0.2, "
+        "-123456789012345678.123456789012, '-1234.56', '2024-06-30', '1999-12-31 23:59:59.5', "
+        "'ab', 'é \\ x', repeat('✓', 9000))");
     Company_->ExecuteBeside("INSERT INTO t (bo) VALUES (NULL)");
     Company_->Execute(Setting);
     const std::map<std::string, QStringList> Expected = {{"bo", {"1", "(null)"}},
@@ -321,7 +328,7 @@ class tst_ODBCConnection : public QObject {
       ads::TAdsQuery Outer(nullptr);
       Outer.SetConnection(Company_->Connection());
       Outer.AddField("ID", ads::TFieldType::ftString, 6);
-      Outer.SQL()->Add("SELECT A.ID FROM Cust A, Cust B WHERE B.ID < '000200'");
+      Outer.SQL()->Add("SELECT A.ID FROM Cust A, Cust B WHERE B.ID LIKE 'C00%'");
       int Inner = 0;
       Outer.OnProgress = [&] {
         if (++Inner <= 3) QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));

@@ -59,28 +59,29 @@ class tst_PostgreSQLConnection : public QObject {
   }
   void shouldReadEachTypeWhateverTheSessionIsSetTo() {
     QFETCH(QString, Setting);
-    Execute("CREATE TABLE t (bo boolean, i2 smallint, i4 integer, i8 bigint, f4 real, f8 double precision, "
-            "nu numeric(30,12), mo money, da date, ts timestamp, ch char(8), vc varchar(20), tx text, nm name)");
-    Execute("INSERT INTO t VALUES (true, -7, 2147483647, -9007199254740993, 0.1, 0.1::float8 + 0.2, "
-            "-123456789012345678.123456789012, '-1234.56', '2024-06-30', '1999-12-31 23:59:59.5', 'ab', 'é \\ x', "
-            "'long', 'n')");
+    Execute(
+        "CREATE TABLE t (bo boolean, i2 smallint, i4 integer, i8 bigint, f4 real, f8 double precision, "
+        "nu numeric(30,12), mo money, da date, ts timestamp, ch char(8), vc varchar(20), tx text, nm name)");
+    Execute(
+        "INSERT INTO t VALUES (true, -7, 2147483647, -9007199254740993, 0.1, 0.1::float8 + 0.2, "
+        "-123456789012345678.123456789012, '-1234.56', '2024-06-30', '1999-12-31 23:59:59.5', 'ab', 'é \\ x', "
+        "'long', 'n')");
     Execute("INSERT INTO t (bo) VALUES (NULL)");
     Company_->Execute(Setting);
-    const std::map<std::string, QStringList> Expected = {
-        {"bo", {"1", "(null)"}},
-        {"i2", {"-7", "(null)"}},
-        {"i4", {"2147483647", "(null)"}},
-        {"i8", {"-9007199254740993", "(null)"}},
-        {"f4", {"0.1", "(null)"}},
-        {"f8", {"0.30000000000000004", "(null)"}},
-        {"nu", {"-123456789012345678.123456789012", "(null)"}},
-        {"mo", {"-1234.56", "(null)"}},
-        {"da", {"2024-06-30", "(null)"}},
-        {"ts", {"1999-12-31", "(null)"}},
-        {"ch", {"ab", "(null)"}},
-        {"vc", {"é \\ x", "(null)"}},
-        {"tx", {"long", "(null)"}},
-        {"nm", {"n", "(null)"}}};
+    const std::map<std::string, QStringList> Expected = {{"bo", {"1", "(null)"}},
+                                                         {"i2", {"-7", "(null)"}},
+                                                         {"i4", {"2147483647", "(null)"}},
+                                                         {"i8", {"-9007199254740993", "(null)"}},
+                                                         {"f4", {"0.1", "(null)"}},
+                                                         {"f8", {"0.30000000000000004", "(null)"}},
+                                                         {"nu", {"-123456789012345678.123456789012", "(null)"}},
+                                                         {"mo", {"-1234.56", "(null)"}},
+                                                         {"da", {"2024-06-30", "(null)"}},
+                                                         {"ts", {"1999-12-31", "(null)"}},
+                                                         {"ch", {"ab", "(null)"}},
+                                                         {"vc", {"é \\ x", "(null)"}},
+                                                         {"tx", {"long", "(null)"}},
+                                                         {"nm", {"n", "(null)"}}};
     for (const auto& [Column, Texts] : Expected) {
       QCOMPARE(Values(*Company_->Connection(), "SELECT * FROM T", Column), Texts);
     }
@@ -112,8 +113,9 @@ class tst_PostgreSQLConnection : public QObject {
 
   void shouldWriteANumericAsTheServerDoes() {
     QStringList Written;
-    for (const char* Value : {"0", "0.00", "0.0001", "-0.5", "1", "10000", "10000.0001", "123456789012345678901234567890",
-                              "100000000.00", "0.000000000000000001", "-99999999.9999", "1e20", "NaN"}) {
+    for (const char* Value :
+         {"0", "0.00", "0.0001", "-0.5", "1", "10000", "10000.0001", "123456789012345678901234567890", "100000000.00",
+          "0.000000000000000001", "-99999999.9999", "1e20", "NaN"}) {
       Written += Value;
     }
     for (const QString& Value : Written) {
@@ -140,10 +142,12 @@ class tst_PostgreSQLConnection : public QObject {
   void shouldReadATypeThatItDoesNotKnowAsItsText() {
     Execute("CREATE TYPE mood AS ENUM ('fine')");
     Execute("CREATE DOMAIN code AS varchar(5)");
-    Execute("CREATE TABLE t (ts timestamptz, iv interval, id uuid, mo mood, co code, ar integer[], js jsonb, mn money, "
-            "bo boolean, ch char(4))");
-    Execute("INSERT INTO t VALUES ('2024-06-30 10:00+00', '1 day', '00000000-0000-0000-0000-00000000000a', 'fine', "
-            "'AB', '{1,2}', '{\"a\": 1}', '1234567.89', false, 'x')");
+    Execute(
+        "CREATE TABLE t (ts timestamptz, iv interval, id uuid, mo mood, co code, ar integer[], js jsonb, mn money, "
+        "bo boolean, ch char(4))");
+    Execute(
+        "INSERT INTO t VALUES ('2024-06-30 10:00+00', '1 day', '00000000-0000-0000-0000-00000000000a', 'fine', "
+        "'AB', '{1,2}', '{\"a\": 1}', '1234567.89', false, 'x')");
     Execute("SET DateStyle = 'German'");
     Execute("SET TimeZone = 'UTC'");
     const std::map<std::string, QString> Expected = {{"ts", "2024-06-30 10:00:00+00"},
@@ -183,12 +187,21 @@ class tst_PostgreSQLConnection : public QObject {
     QVERIFY(!Rows("SELECT Zip X FROM Area").isEmpty());
   }
 
+  void shouldReadWhenTheHostHasReadItsOwnRowsToTheEnd() {
+    QSqlQuery Host(Company_->Database());
+    Host.setForwardOnly(true);
+    QVERIFY(Host.exec("SELECT id FROM cust ORDER BY id"));
+    while (Host.next()) continue;
+    QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));
+  }
+
   void shouldReadInTheMidstOfAnotherListOfItsOwn() {
     ads::TAdsQuery Outer(nullptr);
     Outer.SetConnection(Company_->Connection());
     const ads::TField* Number = Outer.AddField("N", ads::TFieldType::ftInteger);
     const ads::TField* Name = Outer.AddField("T", ads::TFieldType::ftString, 20);
-    Outer.SQL()->Add("SELECT n, CASE WHEN n % 3 = 0 THEN NULL ELSE 'row ' || n END T FROM generate_series(1, 400000) n");
+    Outer.SQL()->Add(
+        "SELECT n, CASE WHEN n % 3 = 0 THEN NULL ELSE 'row ' || n END T FROM generate_series(1, 400000) n");
     int Inner = 0;
     Outer.OnProgress = [&] {
       if (++Inner <= 3) QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));
@@ -279,8 +292,7 @@ class tst_PostgreSQLConnection : public QObject {
   }
 
   void shouldReadFromADatabaseOfAnotherEncoding() {
-    TBackend::Execute(Company_->Beside(),
-                      "CREATE DATABASE latin ENCODING 'LATIN1' LOCALE 'C' TEMPLATE template0");
+    TBackend::Execute(Company_->Beside(), "CREATE DATABASE latin ENCODING 'LATIN1' LOCALE 'C' TEMPLATE template0");
     QSqlDatabase Latin = Backends_->Server().Connect("latin", "latin");
     TBackend::Execute(Latin, "CREATE TABLE t (a varchar(10))");
     TBackend::Execute(Latin, "INSERT INTO t VALUES ('café')");
