@@ -8,19 +8,23 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "ads/Connection.h"
-#include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/Query.h"
 #include "ads/sql/ReadingOnly.h"
 #include "fuzz/FuzzTarget.h"
 #include "zulcommon/Text.h"
 
 namespace {
 
-constexpr int MostRows = 1000;
+using ads::TFieldType;
+
+constexpr int MostRows = 100;
 constexpr int MostSteps = 50;  // each of a thousand instructions
 constexpr int LongestValue = 1'000'000;
 
@@ -46,13 +50,16 @@ class TWatchedDatabase {
     sqlite3_limit(Handle_, SQLITE_LIMIT_LENGTH, LongestValue);
   }
 
-  void Try(const std::string& Sql) {
+  /// Opens the query as a dialog does, and reads its rows.
+  void Try(ads::TAdsQuery& Query, const std::string& Sql) {
     Acted_ = false;
     Steps_ = 0;
     const sqlite3_int64 Changes = sqlite3_total_changes64(Handle_);
+    Query.SetConnection(&Connection_);
+    Query.SQL()->Clear();
+    Query.SQL()->Add(Sql);
     try {
-      const auto Cursor = Connection_.OpenCursor(Sql);
-      for (int Row = 0; Row < MostRows && Cursor->Next(); ++Row) Read(*Cursor);
+      Query.Open();
     } catch (const ads::EDatabaseError&) {
       // Refused by the gate, or by the server.
     }
@@ -60,6 +67,8 @@ class TWatchedDatabase {
     if (sqlite3_total_changes64(Handle_) != Changes) Fail("Changed rows", Sql);
     if (sqlite3_get_autocommit(Handle_) == 0) Fail("Left a transaction", Sql);
     if (sqlite3_next_stmt(Handle_, nullptr) != nullptr) Fail("Left a statement", Sql);
+    Read(Query);
+    Query.Close();
   }
 
   /// Compares all that is in the database with what was in it at first.
@@ -76,9 +85,15 @@ class TWatchedDatabase {
     if (!Query.exec(QString::fromUtf8(Sql))) Fail(qPrintable(Query.lastError().text()), Sql);
   }
 
-  static void Read(ads::TCursor& Cursor) {
-    for (int Column = 0; Column < Cursor.ColumnCount(); ++Column) {
-      if (Cursor.Kind(Column) != ads::TValueKind::Null) (void)Cursor.Text(Column).size();
+  static void Read(ads::TAdsQuery& Query) {
+    for (int Row = 0; Row < std::min(Query.RecordCount(), MostRows); ++Row) {
+      const ads::TRowScope Scope(Query, Row);
+      for (const ads::TField* Field : Query.Fields()) {
+        if (Field->IsNull() && !Field->AsString().empty()) Fail("Has a value where there is none", Field->FieldName());
+        (void)Field->AsInteger();
+        (void)Field->AsFloat();
+        (void)Field->DisplayText();
+      }
     }
   }
 
@@ -145,6 +160,14 @@ TWatchedDatabase& Database() {
   return Instance;
 }
 
+// The fields of one dialog's list.
+struct TList {
+  explicit TList(const std::vector<std::pair<const char*, TFieldType>>& Fields) {
+    for (const auto& [Name, Type] : Fields) Query.AddField(Name, Type, Type == TFieldType::ftString ? 50 : 0);
+  }
+  ads::TAdsQuery Query{nullptr};
+};
+
 // As the dialogs quote what is looked for.
 std::string Quoted(const std::string& Text) {
   std::string Result;
@@ -182,111 +205,131 @@ void CheckRewritten(const ads::sql::TDialect& Dialect, const std::string& Sql) {
   }
 }
 
+using namespace std::string_view_literals;
+
+constexpr std::string_view Texts[] = {
+
+    "",
+    "7",
+    " -12.5e3 ",
+    "abc",
+    "O'Neil",
+    "''",
+    "7 OR 1=1",
+    "7; DROP TABLE ItemDet",
+    "7;",
+    "1) OR (1=1",
+    "(((",
+    "[",
+    "]",
+    "7 --",
+    "7 // x",
+    "/* 7",
+    "7 /* */ OR 1=1",
+    "7 UNION SELECT 1, 'x', 'y', 'z'",
+    "7 UNION SELECT name, sql, type, 1 FROM sqlite_master",
+    "(SELECT MAX(ID) FROM ItemLocations)",
+    "ID IN (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n)",
+    "7 OR EXISTS (SELECT 1 FROM pragma_optimize)",
+    "7 OR EXISTS (SELECT 1 FROM 'pragma_optimize')",
+    "7 OR load_extension('x')",
+    "7 OR \"load_extension\"('x')",
+    "7 OR zeroblob(900000) IS NULL",
+    "7 OR randomblob(-1) IS NULL",
+    "7 OR ID IN (SELECT value FROM json_each('[1,2]'))",
+    "CASE WHEN 1=1 THEN 7 END",
+    "IIF(1=1, 7, 8)",
+    "IIF(1=1, 7, 8)'x'",
+    "7 LIKE '%_' ESCAPE '\\'",
+    "'a' + 'b' + UPPER('c')",
+    "?1",
+    ":x",
+    "@x",
+    "$x",
+    "{d '2025-01-01'}",
+    "0x7",
+    "7e",
+    "1.2.3",
+    "`7`",
+    "\\",
+    "\x01\x02\x1b\x7f",
+    "7\0;DELETE FROM ItemDet"sv,
+    "\xff\xfe",
+    "\xc3",
+    "\xef\xbb\xbf"
+    "7",
+    "\xc2\xa0"
+    "7",
+    "7\rOR 1=1",
+    "7\vOR 1=1",
+    "ß",
+    "'; DELETE FROM ItemDet; --",
+    "' OR '1'='1",
+    "' UNION SELECT 1, 2, 3, 4 FROM 'pragma_optimize",
+    "\" OR 1=1",
+    "] OR 1=1",
+    "7 INTO x",
+    "7 FOR UPDATE",
+    "SELECT 1",
+    "SELECT * FROM ItemDet",
+    "DELETE FROM ItemDet",
+    "INSERT INTO ItemDet VALUES (1, 2, 3)",
+    "REPLACE INTO ItemDet VALUES (1, 2, 3)",
+    "UPDATE ItemDet SET OnHand = 0",
+    "DROP TABLE ItemDet",
+    "ATTACH 'x' AS y",
+    "PRAGMA user_version = 7",
+    "VACUUM",
+    "BEGIN",
+    "SELECT 1; DELETE FROM ItemDet",
+    "SELECT ID FROM ItemLocations RETURNING ID",
+    "SELECT * FROM (DELETE FROM ItemDet RETURNING *)",
+    "EXPLAIN SELECT 1",
+    "VALUES (1)",
+    "SELECT \"Desc\" FROM [ItemDet] WHERE Item LIKE '%A%'"};
+
+// The lists of the dialogs that the texts are tried in.
+struct TLists {
+  TList Any{{}};
+  TList Locations{
+      {{"ID", TFieldType::ftAutoInc}, {"ShortName", TFieldType::ftString}, {"FullName", TFieldType::ftString}}};
+  TList Costs{{{"Key", TFieldType::ftAutoInc},
+               {"Date", TFieldType::ftDate},
+               {"Qty", TFieldType::ftFloat},
+               {"UnitCost", TFieldType::ftFloat}}};
+};
+
+const std::string FromLocations =
+    "SELECT l.ID, l.ShortName, l.FullName, UPPER(l.FullName) SortFld\nFROM ItemLocations l\n";
+const std::string FromCosts =
+    "SELECT I.[Key], I.[Date], I.Qty, I.UnitCost, I.UnitBuff, l.ShortName, I.Qty SortFld\nFROM ItemCost I\n"
+    "  LEFT OUTER JOIN ItemLocations l ON i.ItemLoc=l.ID\n";
+
 }  // namespace
 
 std::vector<std::string> Corpus() {
-  std::vector<std::string> Texts{
-      "",
-      "7",
-      " -12.5e3 ",
-      "abc",
-      "O'Neil",
-      "''",
-      "7 OR 1=1",
-      "7; DROP TABLE ItemDet",
-      "7;",
-      "1) OR (1=1",
-      "(((",
-      "[",
-      "]",
-      "7 --",
-      "7 // x",
-      "/* 7",
-      "7 /* */ OR 1=1",
-      "7 UNION SELECT 1, 'x', 'y', 'z'",
-      "7 UNION SELECT name, sql, type, 1 FROM sqlite_master",
-      "(SELECT MAX(ID) FROM ItemLocations)",
-      "ID IN (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n)",
-      "7 OR EXISTS (SELECT 1 FROM pragma_optimize)",
-      "7 OR EXISTS (SELECT 1 FROM 'pragma_optimize')",
-      "7 OR load_extension('x')",
-      "7 OR \"load_extension\"('x')",
-      "7 OR zeroblob(900000) IS NULL",
-      "7 OR randomblob(-1) IS NULL",
-      "7 OR ID IN (SELECT value FROM json_each('[1,2]'))",
-      "CASE WHEN 1=1 THEN 7 END",
-      "IIF(1=1, 7, 8)",
-      "IIF(1=1, 7, 8)'x'",
-      "7 LIKE '%_' ESCAPE '\\'",
-      "'a' + 'b' + UPPER('c')",
-      "?1",
-      ":x",
-      "@x",
-      "$x",
-      "{d '2025-01-01'}",
-      "0x7",
-      "7e",
-      "1.2.3",
-      "`7`",
-      "\\",
-      "\x01\x02\x1b\x7f",
-      std::string("7\0;DELETE FROM ItemDet", 22),
-      "\xff\xfe",
-      "\xc3",
-      "\xef\xbb\xbf"
-      "7",
-      "\xc2\xa0"
-      "7",
-      "7\rOR 1=1",
-      "7\vOR 1=1",
-      "ß",
-      "'; DELETE FROM ItemDet; --",
-      "' OR '1'='1",
-      "' UNION SELECT 1, 2, 3, 4 FROM 'pragma_optimize",
-      "\" OR 1=1",
-      "] OR 1=1",
-      "7 INTO x",
-      "7 FOR UPDATE",
-      "SELECT 1",
-      "SELECT * FROM ItemDet",
-      "DELETE FROM ItemDet",
-      "INSERT INTO ItemDet VALUES (1, 2, 3)",
-      "REPLACE INTO ItemDet VALUES (1, 2, 3)",
-      "UPDATE ItemDet SET OnHand = 0",
-      "DROP TABLE ItemDet",
-      "ATTACH 'x' AS y",
-      "PRAGMA user_version = 7",
-      "VACUUM",
-      "BEGIN",
-      "SELECT 1; DELETE FROM ItemDet",
-      "SELECT ID FROM ItemLocations RETURNING ID",
-      "SELECT * FROM (DELETE FROM ItemDet RETURNING *)",
-      "EXPLAIN SELECT 1",
-      "VALUES (1)",
-      "SELECT \"Desc\" FROM [ItemDet] WHERE Item LIKE '%A%'"};
-  Texts.push_back(std::string(100'000, '('));
-  Texts.push_back(std::string(100'000, '\''));
-  Texts.push_back(std::string(100'000, '9'));
-  return Texts;
+  std::vector<std::string> All(std::begin(Texts), std::end(Texts));
+  for (const char Repeated : {'(', '\'', '9'}) All.emplace_back(100'000, Repeated);
+  return All;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
   static const ads::sql::TPostgreSQLDialect PostgreSQL;
   static const ads::sql::TSQLiteDialect SQLite;
+  static TLists Lists;
   const std::string Text(reinterpret_cast<const char*>(Data), Size);
-  const std::string Locations =
-      "SELECT l.ID, l.ShortName, l.FullName, UPPER(l.FullName) SortFld\nFROM ItemLocations l\n";
-  const std::string Costs =
-      "SELECT I.[Key], I.[Date], I.Qty, I.UnitCost, I.UnitBuff, l.ShortName, I.Qty SortFld\nFROM ItemCost I\n"
-      "  LEFT OUTER JOIN ItemLocations l ON i.ItemLoc=l.ID\nWHERE Item = 'A'\n";
   const std::string Found =
-      Locations + "WHERE 0=0\nAND UPPER(l.FullName) LIKE '%" + Quoted(Text) + "%'\nORDER BY SortFld";
+      FromLocations + "WHERE 0=0\nAND UPPER(l.FullName) LIKE '%" + Quoted(Text) + "%'\nORDER BY SortFld";
   CheckQuoted(Text, Found);
-  for (const std::string& Sql :
-       {Text, Found, Locations + "WHERE 0=0\nAND l.ID = " + Text + "\nORDER BY SortFld DESC",
-        Costs + "AND I.UnitCost = " + Text + "\nORDER BY SortFld",
-        Locations + " INNER JOIN ItemDet d ON l.ID = d.ItemLoc\nWHERE d.Item = '" + Text + "'\nORDER BY SortFld"}) {
-    Database().Try(Sql);
+  const std::vector<std::pair<TList*, std::string>> Tries{
+      {&Lists.Any, Text},
+      {&Lists.Locations, Found},
+      {&Lists.Locations, FromLocations + "WHERE 0=0\nAND l.ID = " + Text + "\nORDER BY SortFld DESC"},
+      {&Lists.Locations,
+       FromLocations + " INNER JOIN ItemDet d ON l.ID = d.ItemLoc\nWHERE d.Item = '" + Text + "'\nORDER BY SortFld"},
+      {&Lists.Costs, FromCosts + "WHERE Item = 'A'\nAND I.UnitCost = " + Text + "\nORDER BY SortFld"}};
+  for (const auto& [List, Sql] : Tries) {
+    Database().Try(List->Query, Sql);
     CheckRewritten(SQLite, Sql);
     CheckRewritten(PostgreSQL, Sql);
   }

@@ -16,7 +16,7 @@ struct TOptions {
   std::int64_t Scale = 1;
   /// The same options give the same file, byte for byte.
   std::uint64_t Seed = 54;
-  /// Whether a file that exists is replaced.
+  /// Whether a file, or tables on a server, that exist are replaced.
   bool Overwrite = false;
 };
 
@@ -36,5 +36,10 @@ void CreateSchema(const std::string& FileName, bool Overwrite = false);
 /// Creates a SQLite file (its name in UTF-8) with the whole company. Throws `std::runtime_error` as `CreateSchema`
 /// does, and for a scale out of range. The file appears under its name only when it is complete.
 void CreateCompany(const std::string& FileName, const TOptions& Options = {});
+
+/// Creates the same company in a database of a PostgreSQL server, given by its address (postgresql://…). Throws
+/// `std::runtime_error` when one of its tables is there already (unless `Overwrite`, which replaces them) and for every
+/// failure; the database is as it was then.
+void CreateCompanyOnServer(const std::string& Address, const TOptions& Options = {});
 
 }  // namespace sample

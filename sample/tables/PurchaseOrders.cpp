@@ -98,7 +98,7 @@ void AddOrder(TRows& Rows, const TPlan& Plan, std::int64_t Number) {
   const double Cost = static_cast<double>(Cents * 100 + (Random.Percent(20) ? Random.Below(100) : 0)) / 10'000;
   const std::optional<double> Tax =
       Random.Percent(2) ? std::nullopt : std::optional(static_cast<double>((Cents + 5) / 10) / 100);
-  Rows.Add({Concat({"PO", std::to_string(100'000 + Number)}), Day, Order.Vendor, Order.Customer, Order.DocumentNumber,
+  Rows.Add({Concat({"P", std::to_string(100'000 + Number)}), Day, Order.Vendor, Order.Customer, Order.DocumentNumber,
             Order.DocumentType, Order.Kind, Order.Flags.Posted, Order.Flags.Closed, Order.Flags.Receipted,
             Order.Flags.Cancelled, Order.Flags.Paid, Random.Percent(12), Cost, Tax});
 }

@@ -10,15 +10,21 @@ namespace ads {
 
 namespace {
 
-std::unique_ptr<sql::TDialect> ChooseDialect(const QSqlDatabase& Database) {
-  const QSqlDriver* Driver = Database.driver();
-  switch (Driver != nullptr ? Driver->dbmsType() : QSqlDriver::UnknownDbms) {
-    case QSqlDriver::SQLite:
-      return std::make_unique<sql::TSQLiteDialect>();
-    case QSqlDriver::PostgreSQL:
-      return std::make_unique<sql::TPostgreSQLDialect>();
+// Dialects have no state, so one of each serves all connections.
+template <typename TDialect>
+const sql::TDialect& Shared() {
+  static const TDialect Dialect;
+  return Dialect;
+}
+
+const sql::TDialect& ODBCDialect(void* Handle) {
+  switch (ODBCServer(Handle)) {
+    case TODBCServer::PostgreSQL:
+      return Shared<sql::TPostgreSQLDialect>();
+    case TODBCServer::SQLite:
+      return Shared<sql::TPlainSQLiteDialect>();
     default:
-      return std::make_unique<sql::TAdvantageDialect>();
+      return Shared<sql::TAdvantageDialect>();
   }
 }
 
@@ -27,19 +33,34 @@ std::unique_ptr<sql::TDialect> ChooseDialect(const QSqlDatabase& Database) {
 EDatabaseError::EDatabaseError(const std::string& Message) : std::runtime_error(Message) {}
 EDatabaseError::~EDatabaseError() = default;
 
-TAdsConnection::TAdsConnection(QSqlDatabase Database)
-    : Database_(std::move(Database)), Dialect_(ChooseDialect(Database_)) {}
-
+TAdsConnection::TAdsConnection(QSqlDatabase Database) : Database_(std::move(Database)) {}
 TAdsConnection::~TAdsConnection() = default;
 
+const sql::TDialect& TAdsConnection::Dialect() const {
+  if (void* Handle = ODBCHandle(Database_)) return ODBCDialect(Handle);
+  const QSqlDriver* Driver = Database_.driver();
+  switch (Driver != nullptr ? Driver->dbmsType() : QSqlDriver::UnknownDbms) {
+    case QSqlDriver::SQLite:
+      return Shared<sql::TSQLiteDialect>();
+    case QSqlDriver::PostgreSQL:
+      return Shared<sql::TPostgreSQLDialect>();
+    default:
+      return Shared<sql::TAdvantageDialect>();
+  }
+}
+
 std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql) {
-  if (!Database_.isOpen()) throw EDatabaseError("The database connection is not open.");
+  // A lost connection to PostgreSQL is not open either, but has more to say.
+  pg_conn* Server = PostgreSQLHandle(Database_);
+  if (Server == nullptr && !Database_.isOpen()) throw EDatabaseError("The database connection is not open.");
   sql::RequireReadingOnly(Sql);
-  const std::string Rewritten = Dialect_->Rewrite(Sql);
+  const std::string Rewritten = Dialect().Rewrite(Sql);
   if (sqlite3* Handle = SQLiteHandle(Database_)) {
     RegisterSQLiteFunctions(Handle);
     return OpenSQLiteCursor(Handle, Rewritten);
   }
+  if (Server != nullptr) return OpenPostgreSQLCursor(Server, Rewritten);
+  if (void* Handle = ODBCHandle(Database_)) return OpenODBCCursor(Handle, Rewritten);
   return OpenQSqlCursor(Database_, Rewritten);
 }
 

@@ -16,6 +16,11 @@ class TCursor;
 /// Wraps a QSqlDatabase that the host has opened and keeps open for as long as this object lives; what a dataset reads
 /// is what the host's own transaction sees. Never opens, closes, begins, commits or configures anything that the host could notice: a
 /// SQLite connection is only given two SQL functions of its own (`zul_upper`, `zul_like`), which stay with it until it is closed.
+/// On PostgreSQL, by its own driver or by ODBC, a query runs in a reading transaction of its own while the host has none open, and behind a
+/// savepoint within the host's; both are gone when its rows are read.
+///
+/// A connection that was lost is not opened again here, because what the host had set up in it would be missing: reading fails until the host
+/// has opened it.
 ///
 /// Use it on the thread of the connection, which for the dialogs is the user-interface thread.
 class ZULADS_EXPORT TAdsConnection {
@@ -27,8 +32,9 @@ class ZULADS_EXPORT TAdsConnection {
 
   const QSqlDatabase& Database() const { return Database_; }
 
-  /// How this connection's server speaks; chosen by the driver.
-  const sql::TDialect& Dialect() const { return *Dialect_; }
+  /// How this connection's server speaks; chosen by the driver and, over ODBC, by what the driver says that it talks to (a connection that
+  /// is not open cannot be asked).
+  const sql::TDialect& Dialect() const;
 
   /// Runs one SELECT of the dialogs' SQL and gives its rows, forward only. Throws `EDatabaseError` for anything but a
   /// single reading statement, before the server sees it, and for what the server itself refuses.
@@ -36,7 +42,6 @@ class ZULADS_EXPORT TAdsConnection {
 
  private:
   QSqlDatabase Database_;
-  std::unique_ptr<sql::TDialect> Dialect_;
 };
 
 }  // namespace ads

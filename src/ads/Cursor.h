@@ -6,6 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "ads/zulads_export.h"
+
+struct pg_conn;
 struct sqlite3;
 
 namespace ads {
@@ -14,7 +17,7 @@ namespace ads {
 enum class TValueKind : std::uint8_t { Null, Integer, Real, Text };
 
 /// The rows of one running statement, read forward once. Destroying it ends the statement, whatever was read.
-class TCursor {
+class ZULADS_EXPORT TCursor {
  public:
   virtual ~TCursor();
   virtual int ColumnCount() const = 0;
@@ -39,6 +42,23 @@ void RegisterSQLiteFunctions(sqlite3* Handle);
 
 /// Runs a rewritten statement through SQLite's C API.
 std::unique_ptr<TCursor> OpenSQLiteCursor(sqlite3* Handle, const std::string& Sql);
+
+/// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one.
+pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
+
+/// Runs a rewritten statement through libpq, where the server refuses every write and nothing stays behind. A cursor that
+/// is still being read from the same connection first takes the rest of its rows into memory.
+std::unique_ptr<TCursor> OpenPostgreSQLCursor(pg_conn* Handle, const std::string& Sql);
+
+/// The ODBC connection (a SQLHDBC) behind an open connection of Qt's ODBC driver; null when its driver is another one.
+void* ODBCHandle(const QSqlDatabase& Database);
+
+/// What the ODBC driver says that it talks to.
+enum class TODBCServer : std::uint8_t { PostgreSQL, SQLite, Other };
+TODBCServer ODBCServer(void* Handle);
+
+/// Runs a rewritten statement through ODBC; on PostgreSQL as `OpenPostgreSQLCursor` does.
+std::unique_ptr<TCursor> OpenODBCCursor(void* Handle, const std::string& Sql);
 
 /// Runs a rewritten statement through Qt's generic result.
 std::unique_ptr<TCursor> OpenQSqlCursor(const QSqlDatabase& Database, const std::string& Sql);

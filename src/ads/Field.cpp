@@ -158,7 +158,8 @@ std::string TField::AsString() const {
 
 std::int32_t TField::AsInteger() const {
   const double Value = std::nearbyint(Number().value_or(0));
-  if (!(std::fabs(Value) <= std::numeric_limits<std::int32_t>::max())) return 0;
+  using TLimits = std::numeric_limits<std::int32_t>;
+  if (!(Value >= TLimits::min() && Value <= TLimits::max())) return 0;
   return static_cast<std::int32_t>(Value);
 }
 

@@ -55,9 +55,11 @@ struct TRegistered {
   std::mutex Mutex;
   std::set<sqlite3*> Handles;
 };
+// Never destroyed: a host may leave its connections to be closed when the program ends, after this library's statics
+// are gone.
 TRegistered& Registered() {
-  static TRegistered Instance;
-  return Instance;
+  static auto* const Instance = new TRegistered;
+  return *Instance;
 }
 
 void Forget(void* Handle) {

@@ -61,9 +61,8 @@ std::optional<std::int32_t> IntegerOf(TCursor& Cursor, int Source) {
     return static_cast<std::int32_t>(Value);
   }
   const std::optional<double> Value = RealOf(Cursor, Source);
-  if (!Value || *Value != std::floor(*Value) || std::fabs(*Value) > std::numeric_limits<std::int32_t>::max()) {
-    return std::nullopt;
-  }
+  using TLimits = std::numeric_limits<std::int32_t>;
+  if (!Value || *Value != std::floor(*Value) || *Value < TLimits::min() || *Value > TLimits::max()) return std::nullopt;
   return static_cast<std::int32_t>(*Value);
 }
 

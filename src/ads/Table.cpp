@@ -36,7 +36,12 @@ std::string TAdsTable::SelectText() const {
   return "SELECT " + Columns + " FROM [" + TableName_ + "]";
 }
 
-std::unique_ptr<TCursor> TAdsTable::OpenCursor() { return RequireConnection().OpenCursor(SelectText()); }
+std::unique_ptr<TCursor> TAdsTable::OpenFirst(const std::string& Select) {
+  TAdsConnection& Connection = RequireConnection();
+  return Connection.OpenCursor(Connection.Dialect().FirstRowOnly(Select));
+}
+
+std::unique_ptr<TCursor> TAdsTable::OpenCursor() { return OpenFirst(SelectText()); }
 
 bool TAdsTable::FindKey(const std::string& Key) { return FindLiteral(TextLiteral(Key)); }
 bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Key)); }
@@ -44,7 +49,7 @@ bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Ke
 bool TAdsTable::FindLiteral(const std::string& Literal) {
   if (!Active()) throw EDatabaseError("Table " + TableName_ + " is not open.");
   if (KeyColumn_.empty()) throw EDatabaseError("Table " + TableName_ + " has no index to find a key with.");
-  const auto Cursor = RequireConnection().OpenCursor(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal);
+  const auto Cursor = OpenFirst(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal);
   Load(*Cursor);
   return !IsEmpty();
 }

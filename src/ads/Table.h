@@ -33,6 +33,7 @@ class ZULADS_EXPORT TAdsTable : public TDataSet {
 
  private:
   std::string SelectText() const;
+  std::unique_ptr<TCursor> OpenFirst(const std::string& Select);
   bool FindLiteral(const std::string& Literal);
 
   std::string TableName_;

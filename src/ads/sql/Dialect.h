@@ -28,6 +28,10 @@ class ZULADS_EXPORT TDialect {
   /// The text for the server. One that cannot be taken apart (see `Tokenize`; parentheses that do not pair up) throws
   /// `EDatabaseError`, except where every text passes as it is.
   virtual std::string Rewrite(std::string_view Sql) const = 0;
+
+  /// A plain `SELECT … FROM …` of one table, with or without a condition, made to give no more than one row, so that the
+  /// server need not send the others; still in the dialogs' SQL.
+  virtual std::string FirstRowOnly(std::string_view Select) const;
 };
 
 /// Advantage itself: every text as it is.
@@ -35,12 +39,22 @@ class ZULADS_EXPORT TAdvantageDialect : public TDialect {
  public:
   const char* Name() const override;
   std::string Rewrite(std::string_view Sql) const override;
+  std::string FirstRowOnly(std::string_view Select) const override;
 };
 
 /// SQLite 3.40 or later. `UPPER` becomes `zul_upper` and LIKE `zul_like(text, pattern)`, the functions that
 /// `TAdsConnection` gives to a SQLite connection. Quoted names stand in brackets, because SQLite takes an unknown one
 /// in double quotes for a text.
 class ZULADS_EXPORT TSQLiteDialect : public TDialect {
+ public:
+  const char* Name() const override;
+  std::string Rewrite(std::string_view Sql) const override;
+};
+
+/// SQLite 3.40 or later that is reached through a driver and has none but its own functions. `UPPER` becomes a
+/// subquery that knows every letter, so its argument must not be an aggregate such as `MAX`; LIKE becomes INSTR or GLOB.
+/// The rest is as with `TSQLiteDialect`.
+class ZULADS_EXPORT TPlainSQLiteDialect : public TDialect {
  public:
   const char* Name() const override;
   std::string Rewrite(std::string_view Sql) const override;

@@ -11,8 +11,10 @@ bool IsInWord(char Byte) {
          static_cast<unsigned char>(Byte) >= 0x80;
 }
 
+// A word must not become a part of the next one, nor the prefix of a text.
 void AppendPiece(std::string& Result, std::string_view Piece) {
-  if (!Piece.empty() && !Result.empty() && IsInWord(Result.back()) && IsInWord(Piece.front())) Result += ' ';
+  const bool AfterWord = !Result.empty() && IsInWord(Result.back());
+  if (AfterWord && !Piece.empty() && (IsInWord(Piece.front()) || Piece.front() == '\'')) Result += ' ';
   Result += Piece;
 }
 

@@ -30,7 +30,7 @@ class TRewriter {
   /// Turns each `+` that joins texts into `||`.
   void JoinTexts();
 
-  /// The changed text. Two words that would run together get a blank between them.
+  /// The changed text. Two words, or a word and a text, that would run together get a blank between them.
   std::string Text() const;
 
  private:

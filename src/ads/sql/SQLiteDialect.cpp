@@ -2,7 +2,7 @@
 #include <array>
 
 #include "ads/sql/Dialect.h"
-#include "ads/sql/Rewriter.h"
+#include "ads/sql/SQLiteNames.h"
 
 namespace ads::sql {
 
@@ -76,14 +76,18 @@ void RewriteLikes(TRewriter& Rewriter) {
 
 }  // namespace
 
+void RewriteSQLiteNames(TRewriter& Rewriter) {
+  RewriteNames(Rewriter);
+  RewriteAliases(Rewriter);
+}
+
 const char* TSQLiteDialect::Name() const {
   return "SQLite";
 }
 
 std::string TSQLiteDialect::Rewrite(std::string_view Sql) const {
   TRewriter Rewriter(Sql);
-  RewriteNames(Rewriter);
-  RewriteAliases(Rewriter);
+  RewriteSQLiteNames(Rewriter);
   RewriteUpper(Rewriter);
   Rewriter.JoinTexts();
   RewriteLikes(Rewriter);

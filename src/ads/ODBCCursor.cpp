@@ -1,0 +1,331 @@
+#include <sql.h>
+#include <sqlext.h>
+
+#include <QSqlDriver>
+#include <QString>
+#include <QVariant>
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "ads/Cursor.h"
+#include "ads/EDatabaseError.h"
+#include "ads/PostgreSQLValues.h"
+#include "zulcommon/Ascii.h"
+#include "zulcommon/Text.h"
+
+namespace ads {
+
+namespace {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
+
+bool Succeeded(SQLRETURN Code) {
+  return Code == SQL_SUCCESS || Code == SQL_SUCCESS_WITH_INFO;
+}
+
+std::string Utf8(const SQLWCHAR* Text, std::size_t Length) {
+  return QString::fromUtf16(reinterpret_cast<const char16_t*>(Text), static_cast<qsizetype>(Length)).toStdString();
+}
+
+// The server's own words: driver managers and drivers put their names in brackets before them, and psqlODBC puts a
+// remark behind.
+std::string_view WithoutNames(std::string_view Message) {
+  while (Message.starts_with('[') && Message.find(']') != Message.npos) Message.remove_prefix(Message.find(']') + 1);
+  constexpr std::string_view Remark = ";\nError while executing the query";
+  if (Message.ends_with(Remark)) Message.remove_suffix(Remark.size());
+  return zulcommon::Trim(Message);
+}
+
+struct TDiagnosis {
+  std::string State;
+  std::string Message;
+};
+
+TDiagnosis Diagnose(SQLSMALLINT Kind, SQLHANDLE Handle) {
+  SQLWCHAR State[6] = {};
+  SQLWCHAR Text[4096] = {};
+  SQLINTEGER Native = 0;
+  SQLSMALLINT Length = 0;
+  constexpr auto Room = static_cast<SQLSMALLINT>(std::size(Text));
+  if (!Succeeded(SQLGetDiagRecW(Kind, Handle, 1, State, &Native, Text, Room, &Length))) {
+    return {"HY000", "The ODBC driver reports a failure without a message."};
+  }
+  const auto Read = static_cast<std::size_t>(std::min<SQLSMALLINT>(Length, static_cast<SQLSMALLINT>(Room - 1)));
+  return {Utf8(State, 5), std::string(WithoutNames(Utf8(Text, Read)))};
+}
+
+bool IsLost(SQLHDBC Connection) {
+  SQLUINTEGER Dead = SQL_CD_FALSE;
+  return Succeeded(SQLGetConnectAttr(Connection, SQL_ATTR_CONNECTION_DEAD, &Dead, 0, nullptr)) && Dead == SQL_CD_TRUE;
+}
+
+/// One ODBC statement; closed, whatever was read from it, when it is destroyed.
+class TStatementHandle {
+ public:
+  explicit TStatementHandle(SQLHDBC Connection) : Connection_(Connection) {
+    if (!Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, Connection, &Handle_))) {
+      throw EDatabaseError(Diagnose(SQL_HANDLE_DBC, Connection).Message);
+    }
+  }
+  ~TStatementHandle() { SQLFreeHandle(SQL_HANDLE_STMT, Handle_); }
+  TStatementHandle(const TStatementHandle&) = delete;
+  TStatementHandle& operator=(const TStatementHandle&) = delete;
+
+  SQLHSTMT Get() const { return Handle_; }
+
+  void Execute(const std::string& Sql) {
+    const QString Text = QString::fromStdString(Sql);
+    auto* Wide = const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(Text.utf16()));
+    Require(SQLExecDirectW(Handle_, Wide, static_cast<SQLINTEGER>(Text.size())));
+  }
+
+  /// Hands the bytes over as they are.
+  void ExecuteBytes(const std::string& Sql) {
+    auto* Bytes = const_cast<SQLCHAR*>(reinterpret_cast<const SQLCHAR*>(Sql.data()));
+    Require(SQLExecDirect(Handle_, Bytes, static_cast<SQLINTEGER>(Sql.size())));
+  }
+
+  bool Fetch() {
+    const SQLRETURN Code = SQLFetch(Handle_);
+    if (Code == SQL_NO_DATA) return false;
+    Require(Code);
+    return true;
+  }
+
+  void Require(SQLRETURN Code) const {
+    if (Succeeded(Code) || Code == SQL_NO_DATA) return;
+    const TDiagnosis Diagnosis = Diagnose(SQL_HANDLE_STMT, Handle_);
+    if (!Diagnosis.State.starts_with("08") && !IsLost(Connection_)) throw EDatabaseError(Diagnosis.Message);
+    throw EDatabaseError("The connection to the database is lost; it must be opened again before lists can be read.\n" +
+                         Diagnosis.Message);
+  }
+
+ private:
+  SQLHDBC Connection_;
+  SQLHSTMT Handle_ = nullptr;
+};
+
+// Reads a value in pieces into `Text`; false for a null. `Unit` is a byte or a UTF-16 unit.
+template <typename TUnit>
+bool ReadPieces(const TStatementHandle& Statement, int Column, SQLSMALLINT Type, std::vector<TUnit>& Text) {
+  constexpr std::size_t Room = 1024;
+  const std::size_t Terminator = Type == SQL_C_BINARY ? 0 : 1;
+  Text.clear();
+  for (SQLRETURN Code = SQL_SUCCESS_WITH_INFO; Code == SQL_SUCCESS_WITH_INFO;) {
+    const std::size_t Before = Text.size();
+    Text.resize(Before + Room);
+    SQLLEN Bytes = 0;
+    Code = SQLGetData(Statement.Get(), static_cast<SQLUSMALLINT>(Column + 1), Type, Text.data() + Before,
+                      static_cast<SQLLEN>(Room * sizeof(TUnit)), &Bytes);
+    Statement.Require(Code);
+    if (Bytes == SQL_NULL_DATA) return false;
+    const std::size_t Whole = Bytes < 0 ? Room : static_cast<std::size_t>(Bytes) / sizeof(TUnit);
+    const std::size_t Read = Code == SQL_NO_DATA ? 0 : std::min(Whole, Room - Terminator);
+    Text.resize(Before + Read);
+    if (Read == Whole) break;
+  }
+  return true;
+}
+
+/// What a query stands in on a PostgreSQL server, as `TPostgreSQLScope`, but by statements: the driver's own calls for
+/// transactions cannot tell whether the host has begun one by a statement.
+class TPostgreSQLByODBC {
+ public:
+  explicit TPostgreSQLByODBC(SQLHDBC Connection) : Connection_(Connection), InHostsTransaction_(IsInTransaction()) {
+    // In one text, because the driver encloses each in a savepoint of its own, which would end the reading mode.
+    const std::string Begin = InHostsTransaction_ ? "SAVEPOINT zul_pick; SET TRANSACTION READ ONLY; "
+                                                  : "BEGIN ISOLATION LEVEL READ COMMITTED, READ ONLY; ";
+    TStatementHandle(Connection).Execute(Begin + PostgreSQLTextSettings);
+    // The driver protects the host's transaction from a failing statement by savepoints of its own, but for the first
+    // statement since it began the transaction: this is that one.
+    if (InHostsTransaction_) TStatementHandle(Connection).Execute("SELECT 1");
+  }
+  ~TPostgreSQLByODBC() {
+    try {
+      TStatementHandle(Connection_)
+          .Execute(InHostsTransaction_ ? "ROLLBACK TO SAVEPOINT zul_pick; RELEASE SAVEPOINT zul_pick" : "ROLLBACK");
+    } catch (const EDatabaseError&) {
+      // The connection is lost, and the transaction with it.
+    }
+  }
+  TPostgreSQLByODBC(const TPostgreSQLByODBC&) = delete;
+  TPostgreSQLByODBC& operator=(const TPostgreSQLByODBC&) = delete;
+
+  /// Throws what the server has to say about a text that it cannot take. The driver ends the host's transaction over a
+  /// text that is no SQL at all, because its own savepoint, sent together with the text, fails with it; so the server
+  /// is asked what columns the text would give, and sees it as a mere argument.
+  void Check(const std::string& Sql) const {
+    if (!InHostsTransaction_) return;
+    std::string Argument = "E'";
+    for (const char Byte : Sql) Argument.append(Byte == '\'' || Byte == '\\' ? 2 : 1, Byte);
+    TStatementHandle(Connection_).Execute("SELECT query_to_xmlschema(" + Argument + "', TRUE, FALSE, '')");
+  }
+
+ private:
+  // A statement that is a transaction of its own starts when that transaction does.
+  bool IsInTransaction() const {
+    SQLULEN Autocommit = SQL_AUTOCOMMIT_ON;
+    SQLGetConnectAttr(Connection_, SQL_ATTR_AUTOCOMMIT, &Autocommit, 0, nullptr);
+    if (static_cast<SQLUINTEGER>(Autocommit) == SQL_AUTOCOMMIT_OFF) return true;
+    TStatementHandle Statement(Connection_);
+    Statement.Execute("SELECT CASE WHEN now() = statement_timestamp() THEN 0 ELSE 1 END");
+    SQLINTEGER Inside = 0;
+    SQLLEN Bytes = 0;
+    if (Statement.Fetch()) SQLGetData(Statement.Get(), 1, SQL_C_SLONG, &Inside, sizeof Inside, &Bytes);
+    return Inside != 0;
+  }
+
+  SQLHDBC Connection_;
+  bool InHostsTransaction_;
+};
+
+// SQLite wants UTF-8 always. Its driver may know nothing of wide characters, and then the driver manager translates
+// them for the locale of the program, which need not be UTF-8, and those beyond the first 65536 not at all.
+bool TakesWideTexts(SQLHDBC Connection) {
+  TStatementHandle Statement(Connection);
+  Statement.Execute("SELECT hex('\U0001D11E')");
+  SQLCHAR Hex[16] = {};
+  SQLLEN Bytes = 0;
+  return Statement.Fetch() && Succeeded(SQLGetData(Statement.Get(), 1, SQL_C_CHAR, Hex, sizeof Hex, &Bytes)) &&
+         std::strcmp(reinterpret_cast<const char*>(Hex), "F09D849E") == 0;
+}
+
+class TODBCCursor final : public TCursor {
+ public:
+  TODBCCursor(SQLHDBC Connection, const std::string& Sql) : Server_(ODBCServer(Connection)) {
+    if (Server_ == TODBCServer::PostgreSQL) Scope_.emplace(Connection).Check(Sql);
+    Statement_.emplace(Connection);
+    if (Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
+        !TakesWideTexts(Connection)) {
+      Statement_->ExecuteBytes(Sql);
+    } else {
+      Statement_->Execute(Sql);
+    }
+    Describe();
+  }
+
+  int ColumnCount() const override { return static_cast<int>(Columns_.size()); }
+  std::string ColumnName(int Column) const override { return Columns_[static_cast<std::size_t>(Column)].Name; }
+
+  bool Next() override {
+    Read_ = 0;
+    return Statement_->Fetch();
+  }
+
+  TValueKind Kind(int Column) override { return At(Column).Kind; }
+  std::int64_t Integer(int) override { return 0; }  // no value is of that kind: whole numbers come as texts
+  double Real(int Column) override { return At(Column).Real; }
+  std::string_view Text(int Column) override {
+    TColumn& Value = At(Column);
+    if (Value.Kind == TValueKind::Real) {
+      char Digits[40];
+      Value.Text.assign(Digits, std::to_chars(Digits, Digits + sizeof Digits, Value.Real).ptr);
+    }
+    return Value.Text;
+  }
+
+ private:
+  struct TColumn {
+    std::string Name;
+    SQLSMALLINT Type = SQL_UNKNOWN_TYPE;
+    TValueKind Kind = TValueKind::Null;  // with what follows: the value in the current row
+    double Real = 0;
+    std::string Text;
+  };
+
+  void Describe() {
+    SQLSMALLINT Count = 0;
+    Statement_->Require(SQLNumResultCols(Statement_->Get(), &Count));
+    if (Count == 0) throw EDatabaseError("The query gives no rows.");
+    for (SQLSMALLINT Column = 1; Column <= Count; ++Column) {
+      SQLWCHAR Name[256] = {};
+      SQLSMALLINT Length = 0, Digits = 0, Nullable = 0;
+      SQLULEN Size = 0;
+      TColumn& Fresh = Columns_.emplace_back();
+      Statement_->Require(SQLDescribeColW(Statement_->Get(), static_cast<SQLUSMALLINT>(Column), Name,
+                                          static_cast<SQLSMALLINT>(std::size(Name)), &Length, &Fresh.Type, &Size,
+                                          &Digits, &Nullable));
+      Fresh.Name = Utf8(Name, std::min<std::size_t>(static_cast<std::size_t>(Length), std::size(Name) - 1));
+    }
+  }
+
+  // Drivers give the values of a row from the left to the right, each once.
+  TColumn& At(int Column) {
+    for (; Read_ <= Column; ++Read_) ReadValue(Columns_[static_cast<std::size_t>(Read_)], Read_);
+    return Columns_[static_cast<std::size_t>(Column)];
+  }
+
+  // All values are read as texts, which every driver gives in one form and which keep a decimal number exact. Only a
+  // floating number would lose digits so. SQLite's driver keeps each value as a text itself; its numbers are
+  // taken for what they say, because a column may hold anything.
+  void ReadValue(TColumn& Value, int Column) {
+    const bool Floating = Value.Type == SQL_DOUBLE || Value.Type == SQL_FLOAT || Value.Type == SQL_REAL;
+    if (Floating && Server_ != TODBCServer::SQLite) return ReadReal(Value, Column);
+    Value.Kind = ReadText(Value, Column) ? TValueKind::Text : TValueKind::Null;
+    // A column of a fixed width is filled up with blanks.
+    if (Value.Type != SQL_CHAR && Value.Type != SQL_WCHAR) return;
+    Value.Text.resize(Value.Text.find_last_not_of(' ') + 1);
+  }
+
+  void ReadReal(TColumn& Value, int Column) {
+    SQLLEN Bytes = 0;
+    const auto Place = static_cast<SQLUSMALLINT>(Column + 1);
+    Statement_->Require(SQLGetData(Statement_->Get(), Place, SQL_C_DOUBLE, &Value.Real, sizeof Value.Real, &Bytes));
+    Value.Kind = Bytes == SQL_NULL_DATA ? TValueKind::Null : TValueKind::Real;
+  }
+
+  bool ReadText(TColumn& Value, int Column) {
+    const bool Binary = Value.Type == SQL_BINARY || Value.Type == SQL_VARBINARY || Value.Type == SQL_LONGVARBINARY;
+    if (Binary || !Wide_) return ReadBytes(Value, Column, Binary ? SQL_C_BINARY : SQL_C_CHAR);
+    try {
+      const bool HasValue = ReadPieces(*Statement_, Column, SQL_C_WCHAR, Units_);
+      Value.Text = HasValue ? Utf8(Units_.data(), Units_.size()) : std::string();
+      return HasValue;
+    } catch (const EDatabaseError&) {
+      Wide_ = false;  // a driver that knows nothing of wide characters says so at the first value
+      return ReadBytes(Value, Column, SQL_C_CHAR);
+    }
+  }
+
+  bool ReadBytes(TColumn& Value, int Column, SQLSMALLINT Type) {
+    const bool HasValue = ReadPieces(*Statement_, Column, Type, Bytes_);
+    Value.Text.assign(Bytes_.data(), HasValue ? Bytes_.size() : 0);
+    return HasValue;
+  }
+
+  TODBCServer Server_;
+  std::optional<TPostgreSQLByODBC> Scope_;
+  std::optional<TStatementHandle> Statement_;
+  std::vector<TColumn> Columns_;
+  int Read_ = 0;      // how many columns of the current row are
+  bool Wide_ = true;  // texts come as UTF-16
+  std::vector<SQLWCHAR> Units_;
+  std::vector<char> Bytes_;
+};
+
+}  // namespace
+
+void* ODBCHandle(const QSqlDatabase& Database) {
+  const QSqlDriver* Driver = Database.driver();
+  if (Driver == nullptr || !Driver->isOpen() || !Driver->inherits("QODBCDriver")) return nullptr;
+  const QVariant Handle = Driver->handle();
+  return Handle.isValid() ? *static_cast<void* const*>(Handle.constData()) : nullptr;
+}
+
+TODBCServer ODBCServer(void* Handle) {
+  SQLCHAR Name[128] = {};
+  SQLSMALLINT Length = 0;
+  SQLGetInfo(Handle, SQL_DBMS_NAME, Name, static_cast<SQLSMALLINT>(sizeof Name), &Length);
+  const std::string_view Server = reinterpret_cast<const char*>(Name);
+  if (Server.starts_with("PostgreSQL")) return TODBCServer::PostgreSQL;
+  return Server.starts_with("SQLite") ? TODBCServer::SQLite : TODBCServer::Other;
+}
+
+std::unique_ptr<TCursor> OpenODBCCursor(void* Handle, const std::string& Sql) {
+  return std::make_unique<TODBCCursor>(Handle, Sql);
+}
+
+}  // namespace ads
