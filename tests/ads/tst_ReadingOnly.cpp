@@ -82,7 +82,7 @@ class tst_ReadingOnly : public QObject {
     const QByteArray Words =
         "INSERT UPDATE DELETE MERGE REPLACE UPSERT DROP CREATE ALTER TRUNCATE INTO GRANT REVOKE EXEC EXECUTE CALL COPY "
         "ATTACH DETACH PRAGMA VACUUM REINDEX BEGIN COMMIT ROLLBACK SAVEPOINT RELEASE LOCK SET DO LISTEN NOTIFY FOR "
-        "RETURNING PREPARE DECLARE RESET DISCARD";
+        "RETURNING PREPARE DECLARE RESET DISCARD WITH";
     for (const QByteArray& Word : Words.split(' ')) {
       for (const QByteArray& Written : {Word, Word.toLower()}) {
         const QByteArray Refusal = "A query may only read: " + Written + " at line 1, column 12 of the SQL text.";

@@ -11,15 +11,17 @@ namespace ads::sql {
 
 namespace {
 
-// Words with which a statement changes data, the schema, the session or a lock on any of the servers. Some could only
-// start a statement; they are refused everywhere all the same, because no query of the dialogs needs them.
-constexpr auto ChangingWords = std::to_array<std::string_view>(
-    {"ALTER",    "ATTACH",    "BEGIN",   "CALL",     "CHECKPOINT", "COMMIT",   "COPY",   "CREATE",    "DEALLOCATE",
-     "DECLARE",  "DELETE",    "DETACH",  "DISCARD",  "DO",         "DROP",     "EXEC",   "EXECUTE",   "FOR",
-     "GRANT",    "INSERT",    "INTO",    "KILL",     "LISTEN",     "LOCK",     "MERGE",  "NOTIFY",    "OUTFILE",
-     "PRAGMA",   "PREPARE",   "REINDEX", "RELEASE",  "RENAME",     "REPLACE",  "RESET",  "RETURNING", "REVOKE",
-     "ROLLBACK", "SAVEPOINT", "SET",     "SHUTDOWN", "TRUNCATE",   "UNLISTEN", "UPDATE", "UPSERT",    "VACUUM"});
-static_assert(std::is_sorted(ChangingWords.begin(), ChangingWords.end()));
+// Words with which a statement changes data, the schema, the session or a lock on any of the servers, or (WITH) can be
+// made to run without end. Some could only start a statement; they are refused everywhere all the same, because no
+// query of the dialogs needs them.
+constexpr auto RefusedWords = std::to_array<std::string_view>(
+    {"ALTER",      "ATTACH",   "BEGIN",     "CALL",   "CHECKPOINT", "COMMIT",    "COPY",    "CREATE",
+     "DEALLOCATE", "DECLARE",  "DELETE",    "DETACH", "DISCARD",    "DO",        "DROP",    "EXEC",
+     "EXECUTE",    "FOR",      "GRANT",     "INSERT", "INTO",       "KILL",      "LISTEN",  "LOCK",
+     "MERGE",      "NOTIFY",   "OUTFILE",   "PRAGMA", "PREPARE",    "REINDEX",   "RELEASE", "RENAME",
+     "REPLACE",    "RESET",    "RETURNING", "REVOKE", "ROLLBACK",   "SAVEPOINT", "SET",     "SHUTDOWN",
+     "TRUNCATE",   "UNLISTEN", "UPDATE",    "UPSERT", "VACUUM",     "WITH"});
+static_assert(std::is_sorted(RefusedWords.begin(), RefusedWords.end()));
 
 // Functions that act although they stand in a SELECT. A star at the end stands for any rest.
 constexpr auto ActingFunctions = std::to_array<std::string_view>(
@@ -74,7 +76,7 @@ void CheckToken(const TStatement& Statement, std::size_t Position) {
   const TToken& Token = Statement[Position];
   if (Token.IsSymbol(";")) Statement.Refuse(Position, "A second statement");
   const bool Bare = Token.Kind == TTokenKind::Word;
-  if (Bare && !Statement.IsQualified(Position) && IsOneOf(Token.Source, ChangingWords)) {
+  if (Bare && !Statement.IsQualified(Position) && IsOneOf(Token.Source, RefusedWords)) {
     Statement.Refuse(Position, "A query may only read: " + std::string(Token.Source));
   }
   const bool Called = (Bare || Token.Kind == TTokenKind::QuotedName) && Statement.IsSymbol(Position + 1, "(");

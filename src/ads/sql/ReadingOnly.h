@@ -13,6 +13,7 @@ namespace ads::sql {
 /// - a semicolon;
 /// - a bare word of a statement that changes something (INSERT, UPDATE, DELETE, MERGE, DROP, INTO, FOR, …), unless it
 ///   is part of a qualified name such as `T.Update`; between brackets or quotes every name is free;
+/// - WITH, whose recursion can run without end;
 /// - a call of a function that writes, locks, runs another statement or reaches outside of the database although it
 ///   stands in a SELECT (`nextval`, `load_extension`, `lo_import`, …), its name bare or quoted;
 /// - a table of SQLite's pragmas (`pragma_optimize`, …), its name bare, quoted or given as a text.
