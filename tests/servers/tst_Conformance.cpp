@@ -48,13 +48,19 @@ const ads::TField* SortField(const TDocPickBase& Dialog) {
   return Fields.back()->FieldName() == SortColumn ? Fields.back() : nullptr;
 }
 
+// As many digits as every driver gives of a floating number; the display formats show fewer.
+std::string ValueText(const ads::TField& Field) {
+  if (Field.IsNull()) return "null";
+  if (Field.DataType() != ads::TFieldType::ftFloat) return "'" + Field.AsString() + "'";
+  return QString::number(Field.AsFloat(), 'g', 15).toStdString();
+}
+
 std::string RowText(const TDocPickBase& Dialog, TCompared Compared) {
   std::string Row;
   for (const ads::TField* Field : Dialog.qryList_->Fields()) {
     if (Field->FieldName() == SortColumn) continue;
     if (Compared == TCompared::Data && Field->Kind() != ads::TFieldKind::fkData) continue;
-    Row += Field->IsNull() ? "null" : "'" + Field->AsString() + "'";
-    Row += ' ';
+    Row += ValueText(*Field) + ' ';
   }
   return Row;
 }
@@ -84,14 +90,6 @@ std::string Query(TDocPickBase& Dialog) {
   } catch (const std::exception& Error) {
     return Error.what();
   }
-}
-
-TListing ListingOf(TDocPickBase& Dialog, TCompared Compared = TCompared::Data) {
-  TListing Result;
-  Result.Outcome = Query(Dialog);
-  Result.Sql = Dialog.qryList_->SQL()->Text();
-  Result.Groups = Groups(Dialog, Compared);
-  return Result;
 }
 
 std::string Shown(const std::vector<std::string>& Group) {
@@ -167,12 +165,26 @@ class TSameDialogs {
   static inline int Comparisons = 0;
 
  private:
+  // The error boxes that a dialog shows belong to what comes of a query.
+  TListing ListingOf(TDocPickBase& Dialog, TCompared Compared) {
+    const std::size_t Before = Errors_.Messages().size();
+    TListing Result;
+    Result.Outcome = Query(Dialog);
+    for (std::size_t Index = Before; Index < Errors_.Messages().size(); ++Index) {
+      Result.Outcome += ", told \"" + Errors_.Messages()[Index] + "\"";
+    }
+    Result.Sql = Dialog.qryList_->SQL()->Text();
+    Result.Groups = Groups(Dialog, Compared);
+    return Result;
+  }
+
   // A choice is made without a query of its own; each step queries once.
   static void Silence(TDocPickBase& Dialog) {
     Dialog.rgFindBy->OnClick = {};
     Dialog.rgOrderBy->OnClick = {};
   }
 
+  const support::TErrorBoxes Errors_;
   std::vector<std::unique_ptr<TDocPickBase>> Dialogs_;
   QStringList Names_;
   QStringList Differences_;
@@ -350,7 +362,6 @@ class tst_Conformance : public QObject {
   void shouldListTheSameWithItsBoxesTurned_data() { AddDialogs(); }
   void shouldListTheSameWithItsBoxesTurned() {
     const auto Dialogs = Open();
-    const support::TErrorBoxes Errors;
     for (int Box = 0; Box < TSameDialogs::Boxes(Dialogs->First()).size(); ++Box) {
       const QString Step = TSameDialogs::Boxes(Dialogs->First())[Box]->objectName() + ", ";
       Dialogs->Toggle(Box);
@@ -360,7 +371,6 @@ class tst_Conformance : public QObject {
       Dialogs->Toggle(Box);
     }
     QVERIFY2(Dialogs->Differences().isEmpty(), qPrintable(Dialogs->Differences().join('\n')));
-    QVERIFY(Errors.Messages().empty());
   }
 };
 
