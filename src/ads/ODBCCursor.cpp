@@ -12,7 +12,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
-#include "ads/PostgreSQLValues.h"
+#include "ads/PostgreSQLStatements.h"
 #include "zulcommon/Ascii.h"
 #include "zulcommon/Text.h"
 
@@ -99,8 +99,7 @@ class TStatementHandle {
     if (Succeeded(Code) || Code == SQL_NO_DATA) return;
     const TDiagnosis Diagnosis = Diagnose(SQL_HANDLE_STMT, Handle_);
     if (!Diagnosis.State.starts_with("08") && !IsLost(Connection_)) throw EDatabaseError(Diagnosis.Message);
-    throw EDatabaseError("The connection to the database is lost; it must be opened again before lists can be read.\n" +
-                         Diagnosis.Message);
+    RaiseConnectionLost(Diagnosis.Message);
   }
 
  private:
@@ -136,21 +135,18 @@ class TPostgreSQLByODBC {
  public:
   explicit TPostgreSQLByODBC(SQLHDBC Connection) : Connection_(Connection), InHostsTransaction_(IsInTransaction()) {
     // In one text, because the driver encloses each in a savepoint of its own, which would end the reading mode.
-    const std::string Begin = InHostsTransaction_ ? "SAVEPOINT zul_pick; SET TRANSACTION READ ONLY; "
-                                                  : "BEGIN ISOLATION LEVEL READ COMMITTED, READ ONLY; ";
-    TStatementHandle(Connection).Execute(Begin + PostgreSQLTextSettings);
+    const std::string Begin = InHostsTransaction_ ? postgresql::Savepoint : postgresql::Begin;
+    TStatementHandle(Connection).Execute(Begin + "; " + postgresql::TextSettings);
     // The driver protects the host's transaction from a failing statement by savepoints of its own, but for the first
     // statement since it began the transaction: this is that one.
-    if (InHostsTransaction_) TStatementHandle(Connection).Execute("SELECT 1");
-  }
-  ~TPostgreSQLByODBC() {
     try {
-      TStatementHandle(Connection_)
-          .Execute(InHostsTransaction_ ? "ROLLBACK TO SAVEPOINT zul_pick; RELEASE SAVEPOINT zul_pick" : "ROLLBACK");
+      if (InHostsTransaction_) TStatementHandle(Connection).Execute("SELECT 1");
     } catch (const EDatabaseError&) {
-      // The connection is lost, and the transaction with it.
+      End();
+      throw;
     }
   }
+  ~TPostgreSQLByODBC() { End(); }
   TPostgreSQLByODBC(const TPostgreSQLByODBC&) = delete;
   TPostgreSQLByODBC& operator=(const TPostgreSQLByODBC&) = delete;
 
@@ -165,6 +161,14 @@ class TPostgreSQLByODBC {
   }
 
  private:
+  void End() noexcept {
+    try {
+      TStatementHandle(Connection_).Execute(InHostsTransaction_ ? postgresql::BackToSavepoint : "ROLLBACK");
+    } catch (const EDatabaseError&) {
+      // The connection is lost, and the transaction with it.
+    }
+  }
+
   // A statement that is a transaction of its own starts when that transaction does.
   bool IsInTransaction() const {
     SQLULEN Autocommit = SQL_AUTOCOMMIT_ON;

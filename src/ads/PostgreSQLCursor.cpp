@@ -10,6 +10,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/PostgreSQLReading.h"
+#include "ads/PostgreSQLStatements.h"
 #include "ads/PostgreSQLValues.h"
 
 namespace ads {
@@ -126,7 +127,7 @@ class TPostgreSQLCursor final : public TCursor {
 
   void Start(const std::string& Sql, TFormat Format) {
     Format_ = Format;
-    std::string Settings = Format == TFormat::Text ? PostgreSQLTextSettings : "";
+    std::string Settings = Format == TFormat::Text ? postgresql::TextSettings : "";
     const char* Encoding = PQparameterStatus(Handle_, "client_encoding");
     if (Encoding != nullptr && std::strcmp(Encoding, "UTF8") != 0) {
       Settings += Settings.empty() ? "" : "; ";

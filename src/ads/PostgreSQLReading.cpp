@@ -2,31 +2,23 @@
 
 #include <poll.h>
 
+#include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/PostgreSQLStatements.h"
 #include "zulcommon/Text.h"
 
 namespace ads {
 
 namespace {
 
-// A single statement sees one state of the data at any level; the lowest never fails for what others do meanwhile.
-constexpr char Begin[] = "BEGIN ISOLATION LEVEL READ COMMITTED, READ ONLY";
-constexpr char Savepoint[] = "SAVEPOINT zul_pick; SET TRANSACTION READ ONLY";
-constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick; RELEASE SAVEPOINT zul_pick";
-
 std::string ConnectionMessage(PGconn* Handle) {
   return std::string(zulcommon::Trim(PQerrorMessage(Handle)));
-}
-
-[[noreturn]] void RaiseLost(const std::string& Message) {
-  throw EDatabaseError("The connection to the database is lost; it must be opened again before lists can be read.\n" +
-                       Message);
 }
 
 // The state of the host's transaction. The end of a query of the host's whose rows were all read may have arrived
 // without having been taken note of.
 PGTransactionStatusType TakeStatus(PGconn* Handle) {
-  if (PQstatus(Handle) != CONNECTION_OK) RaiseLost(ConnectionMessage(Handle));
+  if (PQstatus(Handle) != CONNECTION_OK) RaiseConnectionLost(ConnectionMessage(Handle));
   if (PQpipelineStatus(Handle) != PQ_PIPELINE_OFF) return PQTRANS_ACTIVE;
   if (PQtransactionStatus(Handle) == PQTRANS_ACTIVE && PQconsumeInput(Handle) != 0) PQisBusy(Handle);
   return PQtransactionStatus(Handle);
@@ -51,13 +43,13 @@ TPostgreSQLScope::TPostgreSQLScope(PGconn* Handle, const std::string& Settings) 
     throw EDatabaseError("The rows of another query are still being read from this connection.");
   }
   InHostsTransaction_ = Status != PQTRANS_IDLE;
-  std::string Sql = InHostsTransaction_ ? Savepoint : Begin;
+  std::string Sql = InHostsTransaction_ ? postgresql::Savepoint : postgresql::Begin;
   if (!Settings.empty()) Sql += "; " + Settings;
   const TPostgreSQLResult Result = Execute(Handle, Sql);
   if (PQresultStatus(Result.get()) == PGRES_COMMAND_OK) return;
-  if (PQstatus(Handle) != CONNECTION_OK) RaiseLost(ConnectionMessage(Handle));
+  if (PQstatus(Handle) != CONNECTION_OK) RaiseConnectionLost(ConnectionMessage(Handle));
   const std::string Message = PostgreSQLMessage(Result.get());
-  if (Status != PQTRANS_INERROR) Execute(Handle, InHostsTransaction_ ? BackToSavepoint : "ROLLBACK");
+  if (Status != PQTRANS_INERROR) Execute(Handle, InHostsTransaction_ ? postgresql::BackToSavepoint : "ROLLBACK");
   throw EDatabaseError(Message);
 }
 
@@ -65,7 +57,8 @@ TPostgreSQLScope::~TPostgreSQLScope() {
   switch (PQtransactionStatus(Handle_)) {
     case PQTRANS_INTRANS:
     case PQTRANS_INERROR:
-      Execute(Handle_, InHostsTransaction_ ? BackToSavepoint : "COMMIT");  // of a failed transaction, a rollback
+      Execute(Handle_,
+              InHostsTransaction_ ? postgresql::BackToSavepoint : "COMMIT");  // of a failed transaction, a rollback
       break;
     default:
       break;  // the connection is lost
@@ -106,7 +99,7 @@ void TPostgreSQLAnswer::RaiseFailure() {
   const std::string Message = PostgreSQLMessage(Result_.get());
   while (TPostgreSQLResult(PQgetResult(Handle_)) != nullptr) continue;
   AtEnd_ = true;
-  if (PQstatus(Handle_) != CONNECTION_OK) RaiseLost(Message);
+  if (PQstatus(Handle_) != CONNECTION_OK) RaiseConnectionLost(Message);
   throw EDatabaseError(Message);
 }
 

@@ -37,12 +37,7 @@ double PostgreSQLReal(TPostgreSQLShape Shape, const char* Bytes);           ///<
 /// `Out` is used where the text does not stand in the bytes already.
 std::string_view PostgreSQLText(TPostgreSQLShape Shape, std::string_view Bytes, std::string& Out);
 
-/// The same for a value that the server wrote as text under `PostgreSQLTextSettings`.
+/// The same for a value that the server wrote as text under `postgresql::TextSettings`.
 std::string_view PostgreSQLTextOfText(TPostgreSQLShape Shape, std::string_view Text, std::string& Out);
-
-/// What makes the server write texts of values that can be read without knowing the session's settings. For inside a
-/// transaction or behind a savepoint: they end with it.
-inline constexpr char PostgreSQLTextSettings[] =
-    "SET LOCAL DateStyle = 'ISO'; SET LOCAL extra_float_digits = 3; SET LOCAL lc_monetary = 'C'";
 
 }  // namespace ads

@@ -76,6 +76,44 @@ class tst_SQLiteDialect : public QObject {
     QCOMPARE(QString::fromStdString(ads::sql::TSQLiteDialect().Rewrite(Sql.toStdString())), Expected);
   }
 
+  void shouldGiveASQLiteWithoutFunctionsItsOwnText_data() {
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<QString>("Expected");
+    const auto Row = [](const char* Sql, const char* Expected) {
+      QTest::newRow(QByteArray(Sql).simplified().constData()) << QString(Sql) << QString(Expected);
+    };
+    Row("SELECT [a], \"b\", T.Default, a + 'x' FROM T", "SELECT [a], [b], T.[Default], a || 'x' FROM T");
+    Row("WHERE a LIKE '%x''y%'", "WHERE (instr(a, 'x''y') > 0)");
+    Row("WHERE a NOT LIKE '%x%' OR NOT b LIKE '%%'", "WHERE (NOT instr(a, 'x') > 0) OR NOT (instr(b, '') > 0)");
+    Row("WHERE a + ' ' + b LIKE '%'", "WHERE (instr(a || ' ' || b, '') > 0)");
+    Row("WHERE a LIKE 'x%' AND b NOT LIKE '_*?[]'", "WHERE a GLOB 'x*' AND b NOT GLOB '?[*][?][[]]'");
+    Row("WHERE a LIKE '%x_y%'", "WHERE a GLOB '*x?y*'");
+    Row("WHERE a LIKE b",
+        "WHERE a GLOB replace(replace(replace(replace(replace(b, '[', '[[]'), '*', '[*]'), '?', '[?]'), '%', '*'), "
+        "'_', '?')");
+    Row("SELECT x.UPPER(a), UPPER, UPPER(a, b)", "SELECT x.UPPER(a), UPPER, UPPER(a, b)");
+  }
+  void shouldGiveASQLiteWithoutFunctionsItsOwnText() {
+    QFETCH(QString, Sql);
+    QFETCH(QString, Expected);
+    QCOMPARE(QString::fromStdString(ads::sql::TPlainSQLiteDialect().Rewrite(Sql.toStdString())), Expected);
+  }
+
+  void shouldUpperCaseInASubqueryWhereThereAreNoFunctions() {
+    const std::string Sql = ads::sql::TPlainSQLiteDialect().Rewrite("SELECT upper (a + 'x') X FROM T");
+    QVERIFY2(Sql.starts_with("SELECT (SELECT CASE WHEN zul_text GLOB '*[^ -~]*' THEN"), Sql.substr(0, 80).c_str());
+    QVERIFY(Sql.ends_with("ELSE upper(zul_text) END FROM (SELECT a || 'x' AS zul_text)) X FROM T"));
+  }
+
+  void shouldAskForTheFirstRowInTheServersOwnWay() {
+    const std::string Select = "SELECT [a] FROM [T]";
+    QCOMPARE(ads::sql::TAdvantageDialect().FirstRowOnly(Select), std::string("SELECT TOP 1 [a] FROM [T]"));
+    for (const ads::sql::TDialect* Dialect :
+         std::initializer_list<const ads::sql::TDialect*>{&PlainSQLite_, &SQLite_, &PostgreSQL_}) {
+      QCOMPARE(Dialect->FirstRowOnly(Select), std::string("SELECT [a] FROM [T] LIMIT 1"));
+    }
+  }
+
   void shouldPassEveryTextToAdvantageAsItIs() {
     for (const char* Sql : {"", "SELECT \"a\" + 'b' -- c", "no SQL 'at all"}) {
       QCOMPARE(QString::fromStdString(ads::sql::TAdvantageDialect().Rewrite(Sql)), QString(Sql));
@@ -85,6 +123,7 @@ class tst_SQLiteDialect : public QObject {
   void shouldSayItsName() {
     QCOMPARE(QString(ads::sql::TSQLiteDialect().Name()), QString("SQLite"));
     QCOMPARE(QString(ads::sql::TAdvantageDialect().Name()), QString("Advantage"));
+    QCOMPARE(QString(ads::sql::TPlainSQLiteDialect().Name()), QString("SQLite without functions"));
   }
 
   void shouldRefuseATextThatCannotBeTakenApart() {
@@ -148,6 +187,10 @@ class tst_SQLiteDialect : public QObject {
   }
 
  private:
+  const ads::sql::TPlainSQLiteDialect PlainSQLite_;
+  const ads::sql::TSQLiteDialect SQLite_;
+  const ads::sql::TPostgreSQLDialect PostgreSQL_;
+
   QStringList Rows(const std::string& Sql) { return Values(*Connection_, Sql); }
 
   QSqlDatabase Database_;
