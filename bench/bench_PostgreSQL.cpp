@@ -1,4 +1,5 @@
 #include <libpq-fe.h>
+#include <malloc.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -100,6 +101,7 @@ double StatusBytes(const QByteArray& Name) {
 }
 
 void ForgetPeak() {
+  malloc_trim(0);
   QFile File(QStringLiteral("/proc/self/clear_refs"));
   if (File.open(QIODevice::WriteOnly)) File.write("5");
 }
