@@ -32,6 +32,8 @@ const sql::TDialect& ODBCDialect(void* Handle) {
 
 EDatabaseError::EDatabaseError(const std::string& Message) : std::runtime_error(Message) {}
 EDatabaseError::~EDatabaseError() = default;
+EConnectionLost::EConnectionLost(const std::string& Message) : EDatabaseError(Message) {}
+EConnectionLost::~EConnectionLost() = default;
 
 TAdsConnection::TAdsConnection(QSqlDatabase Database) : Database_(std::move(Database)) {}
 TAdsConnection::~TAdsConnection() = default;
@@ -49,12 +51,15 @@ const sql::TDialect& TAdsConnection::Dialect() const {
   }
 }
 
-std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql) {
+std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql,
+                                                    std::span<const std::string> AllowedFunctions) {
   // A lost connection to PostgreSQL is not open either, but has more to say.
   pg_conn* Server = PostgreSQLHandle(Database_);
-  if (Server == nullptr && !Database_.isOpen()) throw EDatabaseError("The database connection is not open.");
-  sql::RequireReadingOnly(Sql);
-  const std::string Rewritten = Dialect().Rewrite(Sql);
+  if (Server == nullptr && !Database_.isOpen()) throw EConnectionLost("The database connection is not open.");
+  sql::RequireReadingOnly(Sql, AllowedFunctions);
+  const sql::TDialect& Speech = Dialect();
+  Speech.RequireUnambiguous(Sql);
+  const std::string Rewritten = Speech.Rewrite(Sql);
   if (sqlite3* Handle = SQLiteHandle(Database_)) {
     RegisterSQLiteFunctions(Handle);
     return OpenSQLiteCursor(Handle, Rewritten);

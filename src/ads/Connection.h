@@ -2,6 +2,7 @@
 
 #include <QSqlDatabase>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "ads/sql/Dialect.h"
@@ -37,8 +38,9 @@ class ZULADS_EXPORT TAdsConnection {
   const sql::TDialect& Dialect() const;
 
   /// Runs one SELECT of the dialogs' SQL and gives its rows, forward only. Throws `EDatabaseError` for anything but a
-  /// single reading statement, before the server sees it, and for what the server itself refuses.
-  std::unique_ptr<TCursor> OpenCursor(const std::string& Sql);
+  /// single reading statement (see `sql::RequireReadingOnly`, which gets `AllowedFunctions`), before the server sees
+  /// it, and for what the server itself refuses.
+  std::unique_ptr<TCursor> OpenCursor(const std::string& Sql, std::span<const std::string> AllowedFunctions = {});
 
  private:
   QSqlDatabase Database_;

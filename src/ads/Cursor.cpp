@@ -7,8 +7,8 @@ namespace ads {
 TCursor::~TCursor() = default;
 
 void RaiseConnectionLost(const std::string& Message) {
-  throw EDatabaseError("The connection to the database is lost; it must be opened again before lists can be read.\n" +
-                       Message);
+  throw EConnectionLost("The connection to the database is lost; it must be opened again before lists can be read.\n" +
+                        Message);
 }
 
 }  // namespace ads

@@ -34,7 +34,7 @@ class ZULADS_EXPORT TCursor {
   virtual std::string_view Text(int Column) = 0;
 };
 
-/// Throws the `EDatabaseError` for a connection that has broken off; `Message` is what the driver says of it.
+/// Throws the `EConnectionLost` for a connection that has broken off; `Message` is what the driver says of it.
 [[noreturn]] void RaiseConnectionLost(const std::string& Message);
 
 /// The SQLite handle behind a connection; null when its driver is another one.

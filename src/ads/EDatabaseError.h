@@ -15,4 +15,11 @@ class ZULADS_EXPORT EDatabaseError : public std::runtime_error {
   ~EDatabaseError() override;
 };
 
+/// The connection itself is closed or has broken off, so that nothing can be read until the host has opened it again.
+class ZULADS_EXPORT EConnectionLost : public EDatabaseError {
+ public:
+  explicit EConnectionLost(const std::string& Message);
+  ~EConnectionLost() override;
+};
+
 }  // namespace ads

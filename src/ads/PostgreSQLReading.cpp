@@ -57,8 +57,7 @@ TPostgreSQLScope::~TPostgreSQLScope() {
   switch (PQtransactionStatus(Handle_)) {
     case PQTRANS_INTRANS:
     case PQTRANS_INERROR:
-      Execute(Handle_,
-              InHostsTransaction_ ? postgresql::BackToSavepoint : "COMMIT");  // of a failed transaction, a rollback
+      Execute(Handle_, InHostsTransaction_ ? postgresql::BackToSavepoint : "ROLLBACK");
       break;
     default:
       break;  // the connection is lost

@@ -8,6 +8,8 @@ namespace ads {
 TAdsQuery::TAdsQuery(QObject* Owner) : TDataSet(Owner) {}
 TAdsQuery::~TAdsQuery() = default;
 
-std::unique_ptr<TCursor> TAdsQuery::OpenCursor() { return RequireConnection().OpenCursor(SQL_.Text()); }
+std::unique_ptr<TCursor> TAdsQuery::OpenCursor() {
+  return RequireConnection().OpenCursor(SQL_.Text(), AllowedFunctions_);
+}
 
 }  // namespace ads

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "ads/DataSet.h"
 #include "ads/SQLLines.h"
 
@@ -17,11 +20,17 @@ class ZULADS_EXPORT TAdsQuery : public TDataSet {
   TSQLLines* SQL() { return &SQL_; }
   const TSQLLines* SQL() const { return &SQL_; }
 
+  /// Lets this query call more functions than the pick lists' own queries do, by their bare names (`{"LENGTH",
+  /// "CAST"}`), in any case. For queries that a host writes itself: what these functions do is the host's to know, and
+  /// a text that was typed or passed must not choose them.
+  void AllowFunctions(std::vector<std::string> Names) { AllowedFunctions_ = std::move(Names); }
+
  protected:
   std::unique_ptr<TCursor> OpenCursor() override;
 
  private:
   TSQLLines SQL_;
+  std::vector<std::string> AllowedFunctions_;
 };
 
 }  // namespace ads

@@ -7,13 +7,17 @@
 #include <QStringList>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "ads/Connection.h"
 #include "ads/Query.h"
 
-/// What a query in the dialogs' SQL gives in one of its columns, row by row, as texts; "(null)" for a null.
-inline QStringList Values(ads::TAdsConnection& Connection, const std::string& Sql, const std::string& Column = "X") {
+/// What a query in the dialogs' SQL gives in one of its columns, row by row, as texts; "(null)" for a null. It may call
+/// `Functions` besides those of the dialogs.
+inline QStringList Values(ads::TAdsConnection& Connection, const std::string& Sql, const std::string& Column = "X",
+                          const std::vector<std::string>& Functions = {}) {
   ads::TAdsQuery Query(nullptr);
+  Query.AllowFunctions(Functions);
   Query.SetConnection(&Connection);
   ads::TField* Field = Query.AddField(Column, ads::TFieldType::ftString, 250);
   Query.SQL()->Add(Sql);

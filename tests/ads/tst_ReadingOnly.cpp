@@ -6,9 +6,18 @@
 
 namespace {
 
-QByteArray Verdict(const std::string& Sql) {
+QByteArray Verdict(const std::string& Sql, const std::vector<std::string>& Functions = {}) {
   try {
-    ads::sql::RequireReadingOnly(Sql);
+    ads::sql::RequireReadingOnly(Sql, Functions);
+    return "accepted";
+  } catch (const ads::EDatabaseError& Error) {
+    return Error.what();
+  }
+}
+
+QByteArray ShapeVerdict(const QByteArray& Sql, const QByteArray& Pattern) {
+  try {
+    ads::sql::RequireShape(Sql.toStdString(), Pattern.toStdString());
     return "accepted";
   } catch (const ads::EDatabaseError& Error) {
     return Error.what();
@@ -131,6 +140,159 @@ class tst_ReadingOnly : public QObject {
                                   "Zip = 'a' + 'pragma_x'", "UPPER(Zip) LIKE '%PRAGMA_%'", "Zip IN ('a pragma_')"}) {
       QCOMPARE(Verdict("SELECT Zip FROM Area WHERE " + std::string(Condition)), QByteArray("accepted"));
     }
+  }
+
+  void shouldRefuseAFunctionInEveryNotation_data() {
+    QTest::addColumn<QByteArray>("Sql");
+    QTest::addColumn<int>("Column");
+    const auto Row = [](const char* Sql, int Column) { QTest::newRow(Sql) << QByteArray(Sql) << Column; };
+    Row("SELECT length('a')", 8);
+    Row("SELECT \"upper\"('a')", 8);
+    Row("SELECT [UPPER]('a')", 8);
+    Row("SELECT public.upper('a')", 15);
+    Row("SELECT (77).pg_advisory_lock", 12);
+    Row("SELECT ('select 1').dblink_exec", 20);
+    Row("SELECT ('/etc/hostname').\"pg_read_file\"", 25);
+    Row("SELECT ('q') /* */ . [ts_stat]", 20);
+    Row("SELECT UPPER('a').ts_stat", 18);
+    Row("SELECT (SELECT 'q').ts_stat", 20);
+    Row("SELECT CASE WHEN 1 = 1 THEN 'q' END.ts_stat", 36);
+    Row("SELECT Zip FROM Area WHERE (Zip).lower = 'a'", 33);
+    Row("SELECT Zip FROM Area ORDER BY (Zip).lower", 36);
+    Row("SELECT regclass 'area'", 17);
+    Row("SELECT \"xml\" '<a/>'", 14);
+    Row("SELECT Zip 'name' FROM Area", 12);
+    Row("SELECT 1 'name'", 10);
+    Row("SELECT 'a' 'b'", 12);
+    Row("SELECT 'a'\n'b'", 1);
+    Row("SELECT CURRENT_USER", 8);
+    Row("SELECT Zip FROM Area WHERE Zip = current_schema", 34);
+    Row("SELECT x FROM current_date", 15);
+    Row("SELECT Zip FROM Area a (b)", 22);
+    Row("SELECT Zip FROM UPPER", 0);
+    Row("SELECT x FROM generate_series(1, 9)", 15);
+    Row("SELECT 1 OPERATOR(pg_catalog.+) 2", 10);
+    Row("SELECT ARRAY(SELECT 1)", 8);
+    Row("SELECT ROW(1, 2)", 8);
+    Row("SELECT Zip COLLATE x FROM Area", 12);
+    Row("SELECT Zip GLOB '*' FROM Area", 12);
+    Row("SELECT Zip AT TIME ZONE 'utc' FROM Area", 12);
+    Row("SELECT Zip FROM Area WHERE Zip MATCH 'x'", 32);
+    Row("SELECT Zip %- 1 FROM Area", 12);
+    Row("SELECT Zip ||- 1 FROM Area", 12);
+    Row("SELECT Zip ->> 1 FROM Area", 13);
+    Row("SELECT SUM(Zip) OVER (ORDER BY Zip) FROM Area", 17);
+  }
+  void shouldRefuseAFunctionInEveryNotation() {
+    QFETCH(QByteArray, Sql);
+    QFETCH(int, Column);
+    const QByteArray Refusal = Verdict(Sql.toStdString());
+    if (Column == 0) {  // a table of that name
+      QCOMPARE(Refusal, QByteArray("accepted"));
+      return;
+    }
+    QVERIFY2(Refusal.startsWith("A query may only read: "), Refusal.constData());
+    QVERIFY2(Refusal.contains(", column " + QByteArray::number(Column) + " of"), Refusal.constData());
+  }
+
+  void shouldRefuseOtherClauses_data() {
+    QTest::addColumn<QByteArray>("Sql");
+    for (const char* Sql : {"SELECT 1 UNION TABLE pg_authid",
+                            "SELECT 1 UNION VALUES (1)",
+                            "SELECT x FROM (TABLE pg_authid) y",
+                            "SELECT x FROM (VALUES (1)) y",
+                            "SELECT 1 EXCEPT SELECT 2",
+                            "SELECT 1 INTERSECT SELECT 2",
+                            "SELECT Zip FROM Area OFFSET 5",
+                            "SELECT Zip FROM Area FETCH FIRST 5 ROWS ONLY",
+                            "SELECT Zip FROM ONLY Area",
+                            "SELECT Zip FROM Area TABLESAMPLE system (1)",
+                            "SELECT Zip FROM Area, LATERAL (SELECT 1) x",
+                            "SELECT Zip FROM Area NATURAL JOIN Cust",
+                            "SELECT Zip FROM Area JOIN Cust USING (Zip)",
+                            "SELECT Zip FROM Area WINDOW w AS (ORDER BY Zip)",
+                            "SELECT Zip FROM Area PROCEDURE ANALYSE()",
+                            "SELECT Zip FROM Area LIMIT (SELECT 1)",
+                            "SELECT Zip FROM Area ORDER BY Zip USING <",
+                            "SELECT Zip FROM Area; ",
+                            "SELECT Zip, FROM Area",
+                            "SELECT Zip FROM Area WHERE",
+
+                            "SELECT Zip FROM Area WHERE Zip IN Area"}) {
+      QTest::newRow(Sql) << QByteArray(Sql);
+    }
+  }
+  void shouldRefuseOtherClauses() {
+    QFETCH(QByteArray, Sql);
+    QVERIFY2(Verdict(Sql.toStdString()) != "accepted", Sql.constData());
+  }
+
+  void shouldRefuseTheTablesOfTheServersOwn() {
+    for (const char* Table :
+         {"pg_class", "PG_Authid", "pg_catalog.pg_proc", "[pg_class]", "\"pg_class\"", "sqlite_master",
+          "main.sqlite_schema", "temp.[sqlite_temp_master]", "information_schema.tables", "INFORMATION_SCHEMA.[TABLES]",
+          "system.tables", "\"system\".objects", "mysql.user", "performance_schema.threads", "sys.objects", "dbstat",
+          "json_each", "'sqlite_master'", "main.'sqlite_master'"}) {
+      for (const char* From : {"FROM %1", "FROM Area, %1 x", "FROM Area JOIN %1 ON 1 = 1", "FROM (%1)",
+                               "FROM Area WHERE Zip IN (SELECT 1 FROM %1)", "FROM Area UNION SELECT 1 FROM %1"}) {
+        const QString Sql = "SELECT 1 " + QString(From).arg(Table);
+        const QByteArray Refusal = Verdict(Sql.toStdString());
+        QVERIFY2(Refusal.startsWith("A query may only read: the table"), qPrintable(Sql + ": " + Refusal));
+      }
+    }
+    QCOMPARE(Verdict("SELECT [QtyDec] FROM [Sys]"), QByteArray("accepted"));
+    QCOMPARE(Verdict("SELECT sys.pg_class, sqlite_x FROM Sys"), QByteArray("accepted"));
+  }
+
+  void shouldLetAHostsQueryCallMore() {
+    const std::vector<std::string> Functions{"length", "cast", "series", "LEFT"};
+    for (const char* Sql : {"SELECT LENGTH(Zip) FROM Area", "SELECT CAST(Zip AS VARCHAR(80)) X FROM Area",
+                            "SELECT CAST(Zip AS double precision) FROM Area", "SELECT n FROM Series(1, 9) n",
+                            "SELECT left(Zip, 2) FROM Area"}) {
+      QCOMPARE(Verdict(Sql, Functions), QByteArray("accepted"));
+      QVERIFY(Verdict(Sql) != "accepted");
+    }
+    for (const char* Sql : {"SELECT x.length(Zip) FROM Area", "SELECT (Zip).length FROM Area",
+                            "SELECT \"length\"(Zip) FROM Area", "SELECT CAST(Zip AS x.y) FROM Area"}) {
+      QVERIFY2(Verdict(Sql, Functions) != "accepted", Sql);
+    }
+  }
+
+  void shouldKnowAQuerysShape_data() {
+    QTest::addColumn<QByteArray>("Sql");
+    QTest::addColumn<QByteArray>("Expected");
+    const auto Row = [](const char* Sql, const char* Expected) {
+      QTest::newRow(Sql) << QByteArray(Sql) << QByteArray(Expected);
+    };
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = 0", "accepted");
+    Row("SELECT A FROM T WHERE A = '' AND N = 1e-3", "accepted");
+    Row("SELECT A FROM T WHERE A = 'O''NEIL ; -- /* ' AND N =  -12.5 ", "accepted");
+    Row("SELECT A FROM T WHERE A = '\\' AND N = +7", "accepted");
+    Row("SELECT A\nFROM T\nWHERE A = 'Y'\nAND N = 0", "accepted");
+    const char* const At27 = "A value that would change the query at line 1, column 30 of the SQL text.";
+    Row("SELECT A FROM T WHERE A = 'Y','Z' AND N = 0", At27);
+    Row("SELECT A FROM T WHERE A = 'Y' OR 'x' = 'x' AND N = 0",
+        "A value that would change the query at line 1, column 31 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y'--' AND N = 0", At27);
+    Row("SELECT A FROM T WHERE A = 'Y'/**/ AND N = 0", At27);
+    Row("SELECT A FROM T WHERE A = 7 AND N = 0",
+        "A value that would change the query at line 1, column 27 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = 0 + 1",
+        "A value that would change the query at line 1, column 41 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = -(1)",
+        "A value that would change the query at line 1, column 39 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = - - 1",
+        "A value that would change the query at line 1, column 39 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = x",
+        "A value that would change the query at line 1, column 39 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N",
+        "A value that would change the query at line 1, column 36 of the SQL text.");
+    Row("SELECT A FROM T WHERE A = 'Y' AND N = 'x", "An unterminated text at line 1, column 39 of the SQL text.");
+  }
+  void shouldKnowAQuerysShape() {
+    QFETCH(QByteArray, Sql);
+    QFETCH(QByteArray, Expected);
+    QCOMPARE(ShapeVerdict(Sql, "SELECT A FROM T WHERE A = 'X' AND N = 0"), Expected);
   }
 
   void shouldRefuseTooDeepANesting() {

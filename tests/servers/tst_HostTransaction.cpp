@@ -69,7 +69,7 @@ class tst_HostTransaction : public QObject {
       [&Missing] { QSKIP(qPrintable(Missing)); }();
     return Missing.isEmpty();
   }
-  QStringList Rows(const std::string& Sql) { return Values(*Host_->Connection(), Sql); }
+  QStringList Rows(const std::string& Sql) { return Values(*Host_->Connection(), Sql, "X", {"CAST"}); }
   int Areas() { return Rows(CountAreas).value(0).toInt(); }
   int AreasBeside() { return Host_->ValueBeside("SELECT COUNT(*) FROM area").toInt(); }
 

@@ -37,7 +37,7 @@ class tst_PostgreSQLConnection : public QObject {
   std::unique_ptr<TBackend> Company_;
 
   void Execute(const char* Sql) { Company_->Execute(QString::fromUtf8(Sql)); }
-  QStringList Rows(const std::string& Sql) { return Values(*Company_->Connection(), Sql); }
+  QStringList Rows(const std::string& Sql) { return Values(*Company_->Connection(), Sql, "X", {"CAST"}); }
 
  private slots:
   void initTestCase() {
@@ -129,6 +129,7 @@ class tst_PostgreSQLConnection : public QObject {
       ads::TAdsQuery Query(nullptr);
       Query.SetConnection(Company_->Connection());
       const ads::TField* Field = Query.AddField("X", ads::TFieldType::ftDate);
+      Query.AllowFunctions({"CAST"});
       Query.SQL()->Add(std::string("SELECT CAST('") + Day + "' AS DATE) X");
       Query.Open();
       return Field->AsDate();
@@ -200,6 +201,7 @@ class tst_PostgreSQLConnection : public QObject {
     Outer.SetConnection(Company_->Connection());
     const ads::TField* Number = Outer.AddField("N", ads::TFieldType::ftInteger);
     const ads::TField* Name = Outer.AddField("T", ads::TFieldType::ftString, 20);
+    Outer.AllowFunctions({"generate_series", "repeat"});
     Outer.SQL()->Add(
         "SELECT n, CASE WHEN n % 3 = 0 THEN NULL ELSE 'row ' || n END T FROM generate_series(1, 400000) n");
     int Inner = 0;
@@ -220,6 +222,7 @@ class tst_PostgreSQLConnection : public QObject {
     ads::TAdsQuery Outer(nullptr);
     Outer.SetConnection(Company_->Connection());
     Outer.AddField("N", ads::TFieldType::ftInteger);
+    Outer.AllowFunctions({"generate_series", "repeat"});
     Outer.SQL()->Add("SELECT 1000 / (700000 - n) N FROM generate_series(1, 800000) n");
     int Inner = 0;
     Outer.OnProgress = [&] {
@@ -234,6 +237,7 @@ class tst_PostgreSQLConnection : public QObject {
     ads::TAdsQuery Query(nullptr);
     Query.SetConnection(Company_->Connection());
     Query.AddField("N", ads::TFieldType::ftInteger);
+    Query.AllowFunctions({"generate_series", "repeat"});
     Query.SQL()->Add("SELECT n FROM generate_series(1, 2000000) n");
     bool Asked = false;
     Query.OnProgress = [&] {
@@ -263,6 +267,7 @@ class tst_PostgreSQLConnection : public QObject {
     ads::TAdsQuery Query(nullptr);
     Query.SetConnection(Company_->Connection());
     Query.AddField("N", ads::TFieldType::ftInteger);
+    Query.AllowFunctions({"generate_series", "repeat"});
     Query.SQL()->Add("SELECT n, repeat('x', 1000) Wide FROM generate_series(1, 300000) n");
     const qint64 Before = ResidentBytes();
     qint64 Most = 0;

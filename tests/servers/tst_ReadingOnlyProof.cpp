@@ -169,7 +169,8 @@ class tst_ReadingOnlyProof : public QObject {
       for (const char* Sql :
            {"SELECT writing() X", "SELECT Zip X FROM Area WHERE writing() > 0", "SELECT Zip X FROM Innocent",
             "SELECT counting() X", "SELECT unlocking() X", "SELECT creating() X"}) {
-        QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Rows(Sql));
+        QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Values(*Company_->Connection(), Sql, "X",
+                                                             {"writing", "counting", "unlocking", "creating"}));
       }
       for (const char* Entity :
            {"x' OR writing() > 0 OR C.Entity = 'x", "x' OR C.ID IN (SELECT Zip FROM Innocent) OR ID='"}) {

@@ -29,16 +29,21 @@ class ZULADS_EXPORT TDialect {
   /// `EDatabaseError`, except where every text passes as it is.
   virtual std::string Rewrite(std::string_view Sql) const = 0;
 
+  /// Throws `EDatabaseError` for a text that the server might read in another way than `Tokenize` does, with the place.
+  virtual void RequireUnambiguous(std::string_view Sql) const;
+
   /// A plain `SELECT … FROM …` of one table, with or without a condition, made to give no more than one row, so that the
   /// server need not send the others; still in the dialogs' SQL.
   virtual std::string FirstRowOnly(std::string_view Select) const;
 };
 
-/// Advantage itself: every text as it is.
+/// Advantage itself: every text as it is. Also for every server that is not known, so a backslash right before a quote
+/// within quotes is refused: some servers take the two for one character of the text, which would end elsewhere then.
 class ZULADS_EXPORT TAdvantageDialect : public TDialect {
  public:
   const char* Name() const override;
   std::string Rewrite(std::string_view Sql) const override;
+  void RequireUnambiguous(std::string_view Sql) const override;
   std::string FirstRowOnly(std::string_view Select) const override;
 };
 
