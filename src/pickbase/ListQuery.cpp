@@ -13,9 +13,25 @@ const TPickChoice* Chosen(const TPickChoices& Choices, int Index) {
 
 }  // namespace
 
-TListQuery::TListQuery(ads::TSQLLines& SQL, TQueryState State, TPickChoices Choices, bool FindLines)
-    : SQL_(SQL), State_(std::move(State)), Choices_(std::move(Choices)), FindLines_(FindLines) {
+TQueryState Harmless(TQueryState State) {
+  State.FindText = "X";
+  State.Typed = "0";
+  State.FindDate = "2000-01-01";
+  return State;
+}
+
+TListQuery::TListQuery(ads::TSQLLines& SQL, TQueryState State, TPickChoices Choices, bool FindLines, TValues Values)
+    : SQL_(SQL),
+      State_(Values == TValues::Harmless ? Harmless(std::move(State)) : std::move(State)),
+      Choices_(std::move(Choices)),
+      FindLines_(FindLines),
+      Values_(Values) {
   SQL_.Clear();
+}
+
+const std::string& TListQuery::Passed(const std::string& Value) const {
+  static const std::string Harmless = "X";
+  return Values_ == TValues::Harmless ? Harmless : Value;
 }
 
 void TListQuery::Add(std::string Line) {
@@ -72,7 +88,6 @@ std::string TListQuery::FindText(const TFindRule& Rule) const {
       return Start + " = " + std::string(zulcommon::Trim(State_.Typed));
     case TFindKind::TypedNumber:
     case TFindKind::TypedInteger:
-    case TFindKind::Typed:
       return Start + " = " + State_.Typed;
   }
   return {};

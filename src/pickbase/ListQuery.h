@@ -20,7 +20,6 @@ enum class TFindKind {
   Number,        // … = the trimmed text; it must be a number
   TypedNumber,   // … = the text as typed; it must be a number
   TypedInteger,  // … = the text as typed; it must be a whole number
-  Typed,         // … = the text as typed, not checked
 };
 
 /// The find line of a choice: its start, such as "AND UPPER(C.ID)", and how it goes on.
@@ -49,9 +48,6 @@ inline TFindRule OnTypedNumber(std::string Start) {
 }
 inline TFindRule OnTypedInteger(std::string Start) {
   return {TFindKind::TypedInteger, std::move(Start)};
-}
-inline TFindRule AsTyped(std::string Start) {
-  return {TFindKind::Typed, std::move(Start)};
 }
 
 /// One choice of a dialog's find-by and order-by groups: the caption of its radio buttons and the SQL that it stands
@@ -84,15 +80,25 @@ struct TQueryState {
   std::string FindDate;   ///< YYYY-MM-DD; only where the find line wants a date
 };
 
-/// Adds the lines of a list query in order, for a dialog's `SetSQL`. The same recipe builds the filtered query and,
-/// when that one failed, the one without its find lines.
+/// The same state with a text that can do no harm in the place of the typed one.
+ZULPICKLISTS_EXPORT TQueryState Harmless(TQueryState State);
+
+/// Adds the lines of a list query in order, for a dialog's `SetSQL`. The same recipe builds the filtered query, the one
+/// without its find lines when that one failed, and each of them once more with harmless values, to see that no value
+/// changes the shape of the query.
 class ZULPICKLISTS_EXPORT TListQuery {
  public:
   /// `SQL` is cleared first. `FindLines` says whether find lines are added.
-  TListQuery(ads::TSQLLines& SQL, TQueryState State, TPickChoices Choices, bool FindLines);
+  enum class TValues { AsTheyAre, Harmless };
+  TListQuery(ads::TSQLLines& SQL, TQueryState State, TPickChoices Choices, bool FindLines,
+             TValues Values = TValues::AsTheyAre);
 
-  /// A line as it is.
+  /// A line as it is. A value that the caller of the dialog passed goes into it by `Passed`.
   void Add(std::string Line);
+
+  /// A value that the caller of the dialog passed, for between two quotes: just as it is. One that does not stay
+  /// between them (a quote that is not doubled) makes the query fail before a server sees it.
+  const std::string& Passed(const std::string& Value) const;
 
   /// The SELECT line: its columns, up to and with the last comma and blank, and the sort column of the chosen order-by.
   /// An order that there is no choice for adds no line.
@@ -128,6 +134,7 @@ class ZULPICKLISTS_EXPORT TListQuery {
   TQueryState State_;
   TPickChoices Choices_;
   bool FindLines_;
+  TValues Values_;
 };
 
 }  // namespace uDocPickBase

@@ -3,10 +3,14 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
+#include <QLoggingCategory>
 #include <QPushButton>
 
 #include "ads/EDatabaseError.h"
+#include "ads/sql/ReadingOnly.h"
 #include "frame/uZULPickListsUtils.h"
 #include "frame/uZULPickPlsWait.h"
 #include "toolkit/ActionButton.h"
@@ -35,6 +39,8 @@ void EndUnit() {
 }
 
 namespace {
+
+Q_LOGGING_CATEGORY(PickLog, "zul.pick")
 
 constexpr int SelectCaptionText = 65521;     // "Select %s"
 constexpr int AvailableCaptionText = 65522;  // "Available %s"
@@ -116,6 +122,10 @@ void TDocPickBase::CreateButtons() {
   bbnOK->setGeometry(4, 4, 75, 25);
   bbnCancel = Named(new QPushButton(pnlButtons), "bbnCancel");
   bbnCancel->setGeometry(4, 30, 75, 25);
+  lblRows = Named(new QLabel(pnlButtons), "lblRows");
+  lblRows->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+  lblRows->setTextFormat(Qt::PlainText);
+  lblRows->setWordWrap(true);
   actOK = Named(new QAction(this), "actOK");
   actFind = Named(new QAction(this), "actFind");
   actCancel = Named(new QAction(this), "actCancel");
@@ -150,8 +160,12 @@ void TDocPickBase::ConnectEvents() {
                                       toolkit::TColumn* Column, toolkit::TGridDrawState State) {
     dbgAvailDrawColumnCell(Sender, Rect, DataCol, Column, State);
   };
-  connect(qryList_, &ads::TDataSet::Opened, this, [this] { actOKUpdate(); });
-  connect(qryList_, &ads::TDataSet::Closed, this, [this] { actOKUpdate(); });
+  for (const auto Changed : {&ads::TDataSet::Opened, &ads::TDataSet::Closed}) {
+    connect(qryList_, Changed, this, [this] {
+      actOKUpdate();
+      TellRows();
+    });
+  }
   // While rows are read, the please-wait window must stay alive.
   qryList_->OnProgress = [] { QCoreApplication::processEvents(); };
 }
@@ -269,6 +283,8 @@ void TDocPickBase::AdjustWidths() {
 void TDocPickBase::PlacePanels() {
   pnlButtons->setGeometry(ClientWidth() - ChoicesWidth, 0, ChoicesWidth, ClientHeight());
   pnlForm->setGeometry(0, 0, ClientWidth() - ChoicesWidth, ClientHeight());
+  const int Below = bbnCancel->y() + bbnCancel->height() + Gap;
+  lblRows->setGeometry(Gap, Below, bbnCancel->width(), ClientHeight() - Gap - Below);
 }
 
 void TDocPickBase::UpdateFind() {
@@ -336,7 +352,7 @@ void TDocPickBase::CheckNumber(const std::string& S) const {
 }
 
 // What the user has set, once the find text was found fit for the chosen find-by.
-TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
+TQueryState TDocPickBase::QueryState() const {
   TQueryState State;
   State.OrderBy = rgOrderBy->ItemIndex();
   State.FindBy = rgFindBy->ItemIndex();
@@ -344,6 +360,11 @@ TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
   State.WithFind = HasFindText();
   State.FindText = FindText();
   State.Typed = TypedText();
+  return State;
+}
+
+TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
+  TQueryState State = QueryState();
   if (!State.WithFind || State.FindBy < 0 || State.FindBy >= static_cast<int>(Choices.size())) return State;
   switch (Choices[static_cast<std::size_t>(State.FindBy)].Find.Kind) {
     case TFindKind::Date:
@@ -363,25 +384,60 @@ TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
   return State;
 }
 
-void TDocPickBase::OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe) {
-  TListQuery Query(*qryList_->SQL(), CheckedState(Choices), Choices, true);
+// The recipe runs twice, once with what was typed and passed and once with harmless values: a query of another shape
+// than the harmless one is not sent.
+void TDocPickBase::OpenBuilt(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe,
+                             bool FindLines) {
+  TListQuery Query(*qryList_->SQL(), State, Choices, FindLines);
   Recipe(Query);
+  ads::TSQLLines Pattern;
+  TListQuery Harmless(Pattern, State, Choices, FindLines, TListQuery::TValues::Harmless);
+  Recipe(Harmless);
+  ads::sql::RequireShape(qryList_->SQL()->Text(), Pattern.Text());
   qryList_->Open();
+  SearchFailed_ = false;
+  TellRows();
+}
+
+void TDocPickBase::OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe) {
+  OpenBuilt(CheckedState(Choices), Choices, Recipe, true);
 }
 
 void TDocPickBase::OpenGuarded(const TPickChoices& Choices, const TRecipe& Recipe) {
   const TQueryState State = CheckedState(Choices);
+  std::string Why;
   try {
-    TListQuery Query(*qryList_->SQL(), State, Choices, true);
-    Recipe(Query);
-    qryList_->Open();
-    return;
-  } catch (const std::exception&) {
-    // What the server cannot search for shows the whole list instead.
+    return OpenBuilt(State, Choices, Recipe, true);
+  } catch (const ads::EConnectionLost&) {
+    throw;
+  } catch (const std::exception& Error) {
+    Why = Error.what();
   }
-  TListQuery Query(*qryList_->SQL(), State, Choices, false);
-  Recipe(Query);
-  qryList_->Open();
+  OpenWithoutFind(State, Choices, Recipe, Why);
+}
+
+void TDocPickBase::OpenWithoutFind(const TRecipe& Recipe, const std::string& Why) {
+  OpenWithoutFind(QueryState(), Choices_, Recipe, Why);
+}
+
+void TDocPickBase::OpenWithoutFind(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe,
+                                   const std::string& Why) {
+  OpenBuilt(State, Choices, Recipe, false);
+  if (!State.WithFind) return;
+  qCWarning(PickLog) << "A search could not be done, the whole list is shown instead:" << Shown(Why);
+  SearchFailed_ = true;
+  TellRows();
+}
+
+// How many rows there are, for the eye and for assistive programs. The whole list must not pass for what was found.
+void TDocPickBase::TellRows() {
+  if (!qryList_->Active()) return lblRows->clear();
+  const int Count = qryList_->RecordCount();
+  const QString Rows = Count == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(QLocale().toString(Count));
+  const QString Text = SearchFailed_ ? QStringLiteral("The search could not be done. All %1").arg(Rows) : Rows;
+  lblRows->setText(Text);
+  dbgAvail->setAccessibleDescription(Text);
+  dbgAvail->setToolTip(Text);
 }
 
 void TDocPickBase::actOKUpdate() {

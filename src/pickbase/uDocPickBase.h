@@ -18,6 +18,7 @@
 class QAction;
 class QCheckBox;
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -102,6 +103,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   QWidget* pnlButtons;
   QPushButton* bbnOK;
   QPushButton* bbnCancel;
+  /// Under the buttons: how many rows are listed, and that they are not what was searched for when the search failed.
+  QLabel* lblRows;
   QAction* actOK;
   QAction* actFind;
   QAction* actCancel;
@@ -173,10 +176,13 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
 
   /// Builds the query by the recipe and opens it. The find text is checked first as the chosen find-by asks; a bad one
   /// throws and leaves everything as it was. When building or opening fails, the same recipe is run once more without
-  /// its find lines; only a failure of that reaches the caller.
+  /// its find lines, and the dialog says that the search could not be done; only a failure of that reaches the caller.
+  /// A lost connection does at once, because there is no list to be had by it.
   void OpenGuarded(const TRecipe& Recipe) { OpenGuarded(Choices_, Recipe); }
   /// The same for a query whose indexes stand for other choices than those offered.
   void OpenGuarded(const TPickChoices& Choices, const TRecipe& Recipe);
+  /// What `OpenGuarded` does when the search failed; `Why` goes to the log.
+  void OpenWithoutFind(const TRecipe& Recipe, const std::string& Why);
   /// Builds and opens without the second try.
   void OpenPlainly(const TRecipe& Recipe) { OpenPlainly(Choices_, Recipe); }
   void OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe);
@@ -198,13 +204,19 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void FitList();
   void PlacePanels();
   void Build(ads::TAdsConnection* Connection);
+  TQueryState QueryState() const;
   TQueryState CheckedState(const TPickChoices& Choices) const;
+  void OpenBuilt(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe, bool FindLines);
+  void OpenWithoutFind(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe,
+                       const std::string& Why);
+  void TellRows();
   void RunQuery();
 
   TPickChoices Choices_;
   std::vector<QCheckBox*> Boxes_;
   bool Querying_ = false;
   bool QueryAgain_ = false;
+  bool SearchFailed_ = false;  // the list is the whole one because the search could not be done
 };
 
 }  // namespace uDocPickBase

@@ -1,6 +1,5 @@
 #include "PurchaseDialog.h"
 
-using uDocPickBase::AsTyped;
 using uDocPickBase::Contains;
 using uDocPickBase::OnDate;
 using uDocPickBase::OnNumber;
@@ -28,7 +27,7 @@ void TPurchaseDialog::SetUpColumns() {
               {qryList_Cost, "Cost SortFld", OnNumber("AND Cost")},
               {"Cost typed", "Cost SortFld", OnTypedNumber("AND Cost")},
               {"Cost whole", "Cost SortFld", OnTypedInteger("AND Cost")},
-              {"As it is", "Cost SortFld", AsTyped("AND Cost")}},
+              {"Nowhere", "Cost SortFld", Contains("AND UPPER(NoSuchColumn)")}},
              ByNumber);
   if (Groups_ == TGroups::OrderOnly || Groups_ == TGroups::None) rgFindBy->Items().Clear();
   if (Groups_ == TGroups::FindOnly || Groups_ == TGroups::None) rgOrderBy->Items().Clear();
@@ -51,6 +50,7 @@ void TPurchaseDialog::SetSQL() {
     }
     Query.Add("FROM IP");
     Query.Add("WHERE 0=0");
+    if (!PassedNumber.empty()) Query.Add("AND Number = '" + Query.Passed(PassedNumber) + "'");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -24,7 +24,7 @@ class TPurchaseDialog : public uDocPickBase::TDocPickBase {
   using TDocPickBase::SetChoices;
 
   // The choices, by position.
-  enum { ByNumber, ByDate, ByCost, ByTypedCost, ByTypedInteger, AsItIs };
+  enum { ByNumber, ByDate, ByCost, ByTypedCost, ByTypedInteger, ByNoColumn };
 
   ads::TField* qryList_Number;
   ads::TField* qryList_Date;
@@ -38,6 +38,7 @@ class TPurchaseDialog : public uDocPickBase::TDocPickBase {
   int QueriesWhenCreated = 0;           ///< when the closing steps of its creation ran
   bool Plainly = false;                 ///< opens without the second try
   std::string NumberColumn = "Number";  ///< what the query gives as the number
+  std::string PassedNumber;             ///< a number that the query asks for as a caller passed it, unless it is empty
   std::function<void()> InSetSQL;       ///< called first in `SetSQL`
 
  protected:

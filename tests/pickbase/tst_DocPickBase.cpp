@@ -140,6 +140,10 @@ class tst_DocPickBase : public QObject {
   void shouldKeepTheListWhenTheNumberIsWrong();
   void shouldNotCheckATextThatTheChosenFindByDoesNotUse();
   void shouldShowTheWholeListWhenTheServerCannotSearch();
+  void shouldSayThatTheWholeListIsNotWhatWasFound();
+  void shouldTellHowManyRowsThereAre();
+  void shouldNotListTheWholeWithoutAConnection();
+  void shouldRefuseAValueThatChangesTheQuery();
   void shouldKeepTheListWhenTheSecondTryFailsToo();
   void shouldTellAFailureOfAPlainQuery();
   void shouldFreeTheWaitWindowWhenTheQueryFails();
@@ -825,8 +829,6 @@ void tst_DocPickBase::shouldSpellTheFindLineOfEachChoice_data() {
                                 << "AND Cost =  64.41 ";
   QTest::newRow("typed integer") << static_cast<int>(TPurchaseDialog::ByTypedInteger) << " 64 "
                                  << "AND Cost =  64 ";
-  QTest::newRow("as it is") << static_cast<int>(TPurchaseDialog::AsItIs) << "60 + 4.41"
-                            << "AND Cost = 60 + 4.41";
 }
 
 void tst_DocPickBase::shouldSpellTheFindLineOfEachChoice() {
@@ -904,15 +906,82 @@ void tst_DocPickBase::shouldShowTheWholeListWhenTheServerCannotSearch() {
   TErrorBoxes Boxes;
   DrivePick([&] { return Dialog->ShowPick(); },
             [&](TDocPickBase&) {
-              support::ChooseFindBy(*Dialog, TPurchaseDialog::AsItIs);
-              support::TypeFind(*Dialog, "NoSuchColumn");
+              support::ChooseFindBy(*Dialog, TPurchaseDialog::ByNoColumn);
+              support::TypeFind(*Dialog, "anything");
               support::ClickBox(Dialog->ckbDesc);
               support::ClickBox(Dialog->ckbDesc);
             });
   QVERIFY(Boxes.Messages().empty());
   QCOMPARE(SqlLines(*Dialog), RebuiltList);
-  QCOMPARE(Dialog->edFind->text(), QStringLiteral("NoSuchColumn"));
+  QCOMPARE(Dialog->edFind->text(), QStringLiteral("anything"));
   QCOMPARE(Dialog->qryList_->RecordCount(), 600);
+}
+
+void tst_DocPickBase::shouldSayThatTheWholeListIsNotWhatWasFound() {
+  const auto Dialog = NewDialog();
+  const QString Failed = QStringLiteral("The search could not be done. All 600 rows");
+  QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no such column: NoSuchColumn")));
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              support::ChooseFindBy(*Dialog, TPurchaseDialog::ByNoColumn);
+              support::TypeFind(*Dialog, "anything");
+              QCOMPARE(Dialog->lblRows->text(), Failed);
+              QVERIFY(Dialog->lblRows->isVisible());
+              QCOMPARE(Dialog->dbgAvail->accessibleDescription(), Failed);
+              QCOMPARE(Dialog->dbgAvail->toolTip(), Failed);
+              support::TypeFind(*Dialog, "");
+              QCOMPARE(Dialog->lblRows->text(), QStringLiteral("600 rows"));
+              QCOMPARE(Dialog->dbgAvail->accessibleDescription(), QStringLiteral("600 rows"));
+            });
+}
+
+void tst_DocPickBase::shouldTellHowManyRowsThereAre() {
+  const auto Dialog = NewDialog();
+  QCOMPARE(Dialog->lblRows->text(), QStringLiteral("600 rows"));
+  const std::pair<const char*, const char*> Expected[] = {{"P100590", "1 row"}, {"nowhere", "0 rows"}};
+  for (const auto& [Typed, Rows] : Expected) {
+    Dialog->edFind->setText(Typed);
+    Dialog->CallSetSQL();
+    QCOMPARE(Dialog->lblRows->text(), QString(Rows));
+    QCOMPARE(Dialog->dbgAvail->accessibleDescription(), QString(Rows));
+  }
+  Dialog->qryList_->Close();
+  QCOMPARE(Dialog->lblRows->text(), QString());
+  const QRect Label(Dialog->lblRows->mapTo(Dialog.get(), QPoint()), Dialog->lblRows->size());
+  const QRect Cancel(Dialog->bbnCancel->mapTo(Dialog.get(), QPoint()), Dialog->bbnCancel->size());
+  QVERIFY(Dialog->rect().contains(Label));
+  QVERIFY(!Label.intersects(Cancel));
+}
+
+// A connection that is closed cannot list the whole either: the list stays, and the box says why.
+void tst_DocPickBase::shouldNotListTheWholeWithoutAConnection() {
+  const auto Dialog = NewDialog();
+  TErrorBoxes Boxes;
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              support::TypeFind(*Dialog, "33");
+              const int Found = Dialog->qryList_->RecordCount();
+              QVERIFY(Found > 0 && Found < 600);
+              QSqlDatabase Database = Company_->Database();
+              Database.close();
+              support::TypeFind(*Dialog, "34");
+              QCOMPARE(Dialog->qryList_->RecordCount(), Found);
+              QCOMPARE(Dialog->lblRows->text(), QString::number(Found) + " rows");
+              QVERIFY(SqlLines(*Dialog) == SearchedBy("AND UPPER(Number) LIKE '%34%'"));
+            });
+  QCOMPARE(Boxes.Messages(), TLines{"The database connection is not open."});
+}
+
+void tst_DocPickBase::shouldRefuseAValueThatChangesTheQuery() {
+  const auto Dialog = NewDialog();
+  for (const char* Passed : {"' OR '1' = '1", "x' --", "', 'y", "' UNION SELECT Number, 1, 2, 3, 4 FROM IP --"}) {
+    Dialog->PassedNumber = Passed;
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Dialog->SetSQL());
+    QCOMPARE(Dialog->qryList_->RecordCount(), 600);
+  }
+  Dialog->PassedNumber = "it''s -- ; /* nothing";
+  Dialog->SetSQL();
+  QCOMPARE(Dialog->qryList_->RecordCount(), 0);
 }
 
 void tst_DocPickBase::shouldKeepTheListWhenTheSecondTryFailsToo() {
@@ -940,11 +1009,11 @@ void tst_DocPickBase::shouldTellAFailureOfAPlainQuery() {
   TErrorBoxes Boxes;
   DrivePick([&] { return Dialog->ShowPick(); },
             [&](TDocPickBase&) {
-              support::ChooseFindBy(*Dialog, TPurchaseDialog::AsItIs);
-              support::TypeFind(*Dialog, "NoSuchColumn");
+              support::ChooseFindBy(*Dialog, TPurchaseDialog::ByNoColumn);
+              support::TypeFind(*Dialog, "anything");
             });
   QCOMPARE(Boxes.Messages(), TLines{"no such column: NoSuchColumn"});
-  QCOMPARE(SqlLines(*Dialog), SearchedBy("AND Cost = NoSuchColumn"));
+  QCOMPARE(SqlLines(*Dialog), SearchedBy("AND UPPER(NoSuchColumn) LIKE '%ANYTHING%'"));
   QCOMPARE(Dialog->qryList_->RecordCount(), 600);
   QVERIFY(Dialog->actOK->isEnabled());
 }
@@ -982,7 +1051,7 @@ void tst_DocPickBase::shouldRunNothingThatIsTyped() {
   for (const char* Typed : {"1; DELETE FROM IP", "1 UNION DELETE FROM IP", "1; DROP TABLE IP --"}) {
     DrivePick([&] { return Dialog->ShowPick(); },
               [&](TDocPickBase&) {
-                support::ChooseFindBy(*Dialog, TPurchaseDialog::AsItIs);
+                support::ChooseFindBy(*Dialog, TPurchaseDialog::ByNoColumn);
                 support::TypeFind(*Dialog, Typed);
               });
     QCOMPARE(Company_->Text("SELECT count(*) FROM IP"), std::string("600"));

@@ -71,6 +71,7 @@ class tst_ListQuery : public QObject {
   void shouldAddNoFindLineForAFindByThatThereIsNot();
   void shouldSpellEachKindOfFindLine_data();
   void shouldSpellEachKindOfFindLine();
+  void shouldBuildTheSameQueryOfHarmlessValues();
   void shouldFindWhateverIsChosenWhenAskedTo();
   void shouldLeaveOutFindLinesInARebuild();
   void shouldPutTheKeptTextBackAsOneEntry();
@@ -132,7 +133,6 @@ void tst_ListQuery::shouldSpellEachKindOfFindLine_data() {
   Row("number", TFindKind::Number, "AND X = O'Neil");
   Row("typed number", TFindKind::TypedNumber, "AND X =  O'Neil ");
   Row("typed integer", TFindKind::TypedInteger, "AND X =  O'Neil ");
-  Row("typed", TFindKind::Typed, "AND X =  O'Neil ");
 }
 
 void tst_ListQuery::shouldSpellEachKindOfFindLine() {
@@ -143,6 +143,20 @@ void tst_ListQuery::shouldSpellEachKindOfFindLine() {
   TListQuery Query(SQL, Searching(0, 0), One, true);
   Query.Find();
   QCOMPARE(LinesOf(SQL), Line.isEmpty() ? TLines{} : TLines{Line.toStdString()});
+}
+
+void tst_ListQuery::shouldBuildTheSameQueryOfHarmlessValues() {
+  const auto BuiltFor = [](TListQuery::TValues Values, int FindBy) {
+    ads::TSQLLines SQL;
+    TListQuery Query(SQL, Searching(1, FindBy), Choices(), true, Values);
+    Query.Add("WHERE A = '" + Query.Passed("x' OR '1'='1") + "'");
+    Query.Find();
+    return LinesOf(SQL);
+  };
+  QCOMPARE(BuiltFor(TListQuery::TValues::AsTheyAre, 0),
+           (TLines{"WHERE A = 'x' OR '1'='1'", "AND UPPER(C.ID) LIKE '%O''NEIL%'"}));
+  QCOMPARE(BuiltFor(TListQuery::TValues::Harmless, 0), (TLines{"WHERE A = 'X'", "AND UPPER(C.ID) LIKE '%X%'"}));
+  QCOMPARE(BuiltFor(TListQuery::TValues::Harmless, 1), (TLines{"WHERE A = 'X'", "AND C.[Date] = '2000-01-01'"}));
 }
 
 void tst_ListQuery::shouldFindWhateverIsChosenWhenAskedTo() {

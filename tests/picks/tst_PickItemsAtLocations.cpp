@@ -453,9 +453,9 @@ void tst_PickItemsAtLocations::shouldNotDoubleTheQuotesInACode() {
   QCOMPARE(Rows(*Doubled, "BinLocation"), QString("X"));
   QCOMPARE(Doubled->windowTitle(), QString("Select Location"));
   QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, TfrmPickItemLocation::Create(" O'N", Company.Connection(), false));
-  // Listed at each location, because the condition is torn apart.
-  const auto Any = TfrmPickItemLocation::Create("' OR D.Item = ' O''N", Company.Connection(), false);
-  QCOMPARE(Rows(*Any, "BinLocation"), QString("X | X | X"));
+  // A condition that is torn apart is another query.
+  QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                           TfrmPickItemLocation::Create("' OR D.Item = ' O''N", Company.Connection(), false));
   QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
                            TfrmPickItemLocation::Create("'; DROP TABLE Item; --", Company.Connection(), false));
   Company.Execute("UPDATE Item SET Item = ' ON ' WHERE Item = ' O''N'");

@@ -99,7 +99,7 @@ void TOEDocPick<TBase>::SetSQL() {
 template <typename TBase>
 void TOEDocPick<TBase>::AddFilter(TListQuery& Query) const {
   Query.Add("AND O.Type IN (" + zulcommon::GetDocTypeList(Filter_.DocTypes) + ")");
-  if (HasCustomer()) Query.Add("AND o.ID = '" + CustomerID() + "'");
+  if (HasCustomer()) Query.Add("AND o.ID = '" + Query.Passed(CustomerID()) + "'");
   AddOptions(Query, Filter_.Required, "TRUE");
   AddOptions(Query, Filter_.Excluded, "FALSE");
 }

@@ -62,10 +62,10 @@ void TfrmPickARInvoice::SetSQL() {
     Query.Select("SELECT InvNo, [Date], [Desc], Bal, Amt, OEDt, Due, Batch, Entity, ");
     Query.Add("FROM AR");
     Query.Add("WHERE Type = 'IN'");
-    Query.Add("AND ID = '" + CustomerID_ + "'");
+    Query.Add("AND ID = '" + Query.Passed(CustomerID_) + "'");
     if (!Options_.Contains(TARInvoiceOp::aoIncZeroBal)) Query.Add("AND Bal <> 0");
     if (!Options_.Contains(TARInvoiceOp::aoIncCredits)) Query.Add("AND Amt > 0");
-    if (!Entity_.empty() && MultiAcct) Query.Add("AND Entity = '" + Entity_ + "'");
+    if (!Entity_.empty() && MultiAcct) Query.Add("AND Entity = '" + Query.Passed(Entity_) + "'");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -127,7 +127,7 @@ void TfrmPickBooking::SetSQL() {
 // The lines of one half, without its find line, as one entry.
 std::string TfrmPickBooking::PartText(const TListQuery& Query, const TPart& Part) const {
   std::string Text = Query.SelectText(Part.Columns, ChoicesOf(Part)) + "\r" + Part.Tables;
-  if (!VendorID_.empty()) Text += "\rAND b.VendID = '" + VendorID_ + "'";
+  if (!VendorID_.empty()) Text += "\rAND b.VendID = '" + Query.Passed(VendorID_) + "'";
   if (Options_.Contains(TBookingPickOp::boHidePaid)) Text += "\rAND b.PaidFor = FALSE";
   if (Options_.Contains(TBookingPickOp::boNotInAPBatch)) {
     Text += "\rAND (NOT b.ID IN (SELECT BookingID FROM APBtchDT WHERE NOT BookingID IS NULL)) ";

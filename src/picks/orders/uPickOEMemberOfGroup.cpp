@@ -34,8 +34,8 @@ void TfrmPickOEMemberOfGroup::OpenMembers() {
     Query.Add(OEDocQuery::Tables);
     Query.Add("  INNER JOIN OEQuoteGrps G ON G.Quote = O.Number AND g.QuoteType = o.Type");
     Query.Add("WHERE O.Type = 'M'");
-    Query.Add("AND G.Customer = '" + CustomerID() + "'");
-    Query.Add("AND G.Parent = '" + ParentNo_ + "'");
+    Query.Add("AND G.Customer = '" + Query.Passed(CustomerID()) + "'");
+    Query.Add("AND G.Parent = '" + Query.Passed(ParentNo_) + "'");
     Query.Add("AND g.ParentType = 'G'");
     Query.Keep();
     Query.Find();

@@ -93,7 +93,8 @@ void TfrmPickCustomer::SetSQL() {
     Query.Add("FROM Cust C");
     Query.Add("WHERE 0=0");
     if (!ckbInactive->isChecked()) Query.Add("AND C.Inactive = False");
-    if (Options_.FilterByEntity && !Options_.Entity.empty()) Query.Add("AND C.Entity = '" + Options_.Entity + "'");
+    if (Options_.FilterByEntity && !Options_.Entity.empty())
+      Query.Add("AND C.Entity = '" + Query.Passed(Options_.Entity) + "'");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -90,7 +90,7 @@ void TfrmPickPO::SetSQL() {
         "FROM (IP I INNER JOIN Vend V ON (I.ID = V.ID)) LEFT OUTER JOIN Cust C ON C.ID = I.CustID "
         "LEFT OUTER JOIN OE O ON I.PONumber = O.Number AND I.POType = O.Type");
     Query.Add("WHERE 0=0");
-    if (!zulcommon::Trim(VendorID_).empty()) Query.Add("AND I.ID = '" + VendorID_ + "'");
+    if (!zulcommon::Trim(VendorID_).empty()) Query.Add("AND I.ID = '" + Query.Passed(VendorID_) + "'");
     States_.AddTo(Query);
     Query.Find();
     Query.OrderBy();

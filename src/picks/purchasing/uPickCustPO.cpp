@@ -79,10 +79,10 @@ void TfrmPickCustPO::SetSQL() {
     Query.Add("FROM (IP I INNER JOIN Vend V ON (I.ID = V.ID)) INNER JOIN Cust C ON C.ID = I.CustID");
     Query.Add("WHERE (I.Type = 'P')");
     States_.AddTo(Query);
-    if (!Trim(CustID_).empty()) Query.Add("AND I.CustID = '" + CustID_ + "'");
+    if (!Trim(CustID_).empty()) Query.Add("AND I.CustID = '" + Query.Passed(CustID_) + "'");
     if (!Trim(PONumber_).empty() && !Trim(POType_).empty()) {
-      Query.Add("AND I.PONumber = '" + PONumber_ + "'");
-      Query.Add("AND I.POType = '" + POType_ + "'");
+      Query.Add("AND I.PONumber = '" + Query.Passed(PONumber_) + "'");
+      Query.Add("AND I.POType = '" + Query.Passed(POType_) + "'");
     }
     Query.Find();
     Query.OrderBy();

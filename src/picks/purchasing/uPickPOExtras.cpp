@@ -53,7 +53,7 @@ void TfrmPickPOExtras::SetSQL() {
   OpenGuarded([this](TListQuery& Query) {
     Query.Select("SELECT ID, Descript, Cost, ");
     Query.Add("FROM IPDetExtraMaster");
-    Query.Add("WHERE ((VendID IS NULL) OR (VendID = '" + VendID_ + "'))");
+    Query.Add("WHERE ((VendID IS NULL) OR (VendID = '" + Query.Passed(VendID_) + "'))");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -32,7 +32,7 @@ void TfrmPickSalesPerson::SetSQL() {
     Query.Select("SELECT SalesMan, Department, Title, ");
     Query.Add("FROM SalesMen");
     Query.Add("WHERE DiscontD = FALSE");
-    if (MultiAcct && !Entity_.empty()) Query.Add("AND Entity = '" + Entity_ + "'");
+    if (MultiAcct && !Entity_.empty()) Query.Add("AND Entity = '" + Query.Passed(Entity_) + "'");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -34,7 +34,7 @@ void TfrmPickUserName::SetSQL() {
     Query.Select("SELECT UserName, DisplayNM, Inactive, ");
     Query.Add("FROM Names");
     Query.Add("WHERE 0=0");
-    if (!Entity_.empty()) Query.Add("AND Entity = '" + Entity_ + "'");
+    if (!Entity_.empty()) Query.Add("AND Entity = '" + Query.Passed(Entity_) + "'");
     if (!ckbInactive->isChecked()) Query.Add("AND InActive = FALSE");
     Query.Keep();
     Query.Find();

@@ -59,7 +59,7 @@ void TfrmPickItemAndLocation::SetSQL() {
         "SELECT I.Item, D.OnHand, L.FullName, I.\"desc\", I.SupplyLot, I.LocalRefNo, D.BinLocation, D.ItemLoc, ");
     Query.Add("FROM Item I, ItemLocations L, ItemDet D");
     Query.Add("WHERE I.Item = D.Item AND D.ItemLoc = L.ID");
-    Query.Add("AND I.ParentItem = '" + ParentItem_ + "'");
+    Query.Add("AND I.ParentItem = '" + Query.Passed(ParentItem_) + "'");
     if (!ckbZero->isChecked()) Query.Add("AND D.OnHand > 0");
     Query.Find();
     Query.OrderBy();

@@ -57,7 +57,7 @@ void TfrmPickItemCost::SetSQL() {
     Query.Select("SELECT I.[Key], I.[Date], I.Qty, I.UnitCost, I.UnitBuff, l.ShortName, ");
     Query.Add("FROM ItemCost I");
     Query.Add("  LEFT OUTER JOIN ItemLocations l ON i.ItemLoc=l.ID");
-    Query.Add("WHERE Item = '" + Item_ + "'");
+    Query.Add("WHERE Item = '" + Query.Passed(Item_) + "'");
     Query.Keep();
     Query.Find();
     Query.OrderBy();

@@ -52,7 +52,7 @@ void TfrmPickItemLocation::SetSQL() {
     Query.Select("SELECT D.OnHand, L.FullName, D.BinLocation, D.ItemLoc, ");
     Query.Add("FROM ItemLocations L, ItemDet D");
     Query.Add("WHERE D.ItemLoc = L.ID");
-    Query.Add("AND D.Item = '" + Item_ + "'");
+    Query.Add("AND D.Item = '" + Query.Passed(Item_) + "'");
     if (!ckbZero->isChecked()) Query.Add("AND D.OnHand > 0");
     Query.Find();
     Query.OrderBy();

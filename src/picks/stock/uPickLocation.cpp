@@ -10,14 +10,15 @@
 namespace uPickLocation {
 
 using toolkit::TAlignment;
-using uDocPickBase::AsTyped;
 using uDocPickBase::Contains;
+using uDocPickBase::OnTypedInteger;
 using uDocPickBase::TListQuery;
 using zulcommon::LoadZULResString;
 
 namespace {
 
 constexpr int FindByID = 0;
+constexpr int NoNumberText = 6097;
 
 }  // namespace
 
@@ -30,7 +31,7 @@ TfrmPickLocation::TfrmPickLocation(std::string Item) : Item_(std::move(Item)) {
 void TfrmPickLocation::SetUpColumns() {
   TDocPickBase::SetUpColumns();
   SetLabels({{qryList_ID, 3119}, {qryList_ShortName, 3131}, {qryList_FullName, 3247}});
-  SetChoices({{qryList_ID, "l.ID SortFld", AsTyped("AND l.ID")},
+  SetChoices({{qryList_ID, "l.ID SortFld", OnTypedInteger("AND l.ID")},
               {qryList_ShortName, "UPPER(l.ShortName) SortFld", Contains("AND UPPER(l.ShortName)")},
               {qryList_FullName, "UPPER(l.FullName) SortFld", Contains("AND UPPER(l.FullName)")}},
              2);
@@ -38,27 +39,32 @@ void TfrmPickLocation::SetUpColumns() {
   SetAvailableCaption(LoadZULResString(517));
 }
 
+// A text that is no whole number is told of and never searched for: the whole list comes up.
 void TfrmPickLocation::SetSQL() {
-  TellOfWrongNumber();
-  OpenGuarded([this](TListQuery& Query) {
+  const auto Recipe = [this](TListQuery& Query) {
     Query.Select("SELECT l.ID, l.ShortName, l.FullName, ");
     Query.Add("FROM ItemLocations l");
     if (Item_.empty()) {
       Query.Add("WHERE 0=0");
     } else {
       Query.Add(" INNER JOIN ItemDet d ON l.ID = d.ItemLoc");
-      Query.Add("WHERE d.Item = '" + Item_ + "'");
+      Query.Add("WHERE d.Item = '" + Query.Passed(Item_) + "'");
     }
     Query.Keep();
     Query.Find();
     Query.OrderBy();
-  });
+  };
+  if (!IsWrongNumber()) return OpenGuarded(Recipe);
+  TellOfWrongNumber();
+  OpenWithoutFind(Recipe, LoadZULResString(NoNumberText));
 }
 
-// Only tells: the search goes on, fails, and the whole list comes up.
+bool TfrmPickLocation::IsWrongNumber() const {
+  return HasFindText() && rgFindBy->ItemIndex() == FindByID && !toolkit::ReadInteger(TypedText());
+}
+
 void TfrmPickLocation::TellOfWrongNumber() {
-  if (!HasFindText() || rgFindBy->ItemIndex() != FindByID || toolkit::ReadInteger(TypedText())) return;
-  toolkit::ShowError(this, LoadZULResString(6097));
+  toolkit::ShowError(this, LoadZULResString(NoNumberText));
   edFind->selectAll();
   edFind->setFocus();
 }

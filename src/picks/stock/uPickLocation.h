@@ -26,6 +26,7 @@ class ZULPICKLISTS_EXPORT TfrmPickLocation : public uDocPickBase::TDocPickBase {
  private:
   friend class TDocPickBase;
   explicit TfrmPickLocation(std::string Item);
+  bool IsWrongNumber() const;
   void TellOfWrongNumber();
 
   std::string Item_;
