@@ -3,6 +3,7 @@
 
 #include <QTest>
 #include <algorithm>
+#include <limits>
 
 #include "OrderDialogs.h"
 
@@ -238,6 +239,18 @@ class tst_PickBooking : public QObject {
     QTest::newRow("finish before start") << First << First << QVariant(1020) << QVariant(480) << "-9.00";
     QTest::newRow("end the day before") << Last << QVariant("2024-02-29") << QVariant(480) << QVariant(1020) << "0.00";
     QTest::newRow("end long before") << Last << First << QVariant(480) << QVariant(540) << "-1.00";
+    const QVariant Least = std::numeric_limits<std::int32_t>::min();
+    const QVariant Most = std::numeric_limits<std::int32_t>::max();
+    QTest::newRow("the longest day") << First << First << Least << Most << "71582788.25";
+    QTest::newRow("the longest day backwards") << First << First << Most << Least << "-71582788.25";
+    QTest::newRow("all days there are") << QVariant("0001-01-01") << QVariant("9999-12-31") << Least << Most
+                                        << "261424566073506.75";
+    QTest::newRow("all days backwards") << QVariant("0001-01-01") << QVariant("9999-12-31") << Most << Least
+                                        << "-261424566073506.75";
+    // What a floating product would miss by a hundredth.
+    QTest::newRow("all days but a minute")
+        << QVariant("0001-01-01") << QVariant("9999-12-31") << Least << QVariant(2147483646) << "261424566012639.10";
+    QTest::newRow("a minute more than there is") << First << First << QVariant(0) << QVariant(2147483648LL) << "";
     QTest::newRow("no first day") << Null() << Last << QVariant(480) << QVariant(1020) << "";
     QTest::newRow("no last day") << First << Null() << QVariant(480) << QVariant(1020) << "";
     QTest::newRow("no start") << First << Last << Null() << QVariant(1020) << "";

@@ -1,6 +1,7 @@
 #include "picks/orders/uPickBooking.h"
 
 #include <QDate>
+#include <cstdint>
 
 #include "pickbase/PickCall.h"
 #include "toolkit/Formats.h"
@@ -139,9 +140,12 @@ void TfrmPickBooking::qryList_CalcFields() {
   for (const ads::TField* Known : {qryList_BegDate, qryList_EndDate, qryList_StartTime, qryList_FinishTime}) {
     if (Known->IsNull()) return;
   }
-  const auto Days = static_cast<double>(qryList_BegDate->AsDate().daysTo(qryList_EndDate->AsDate()) + 1);
-  const double Hours = (qryList_FinishTime->AsInteger() - qryList_StartTime->AsInteger()) / 60.0;
-  qryList_Length->SetCurrency(zulcommon::TCurrency::FromDouble(Days * Hours));
+  // A minute has 500/3 ten-thousandths of an hour. The years of dates have four digits and minutes 32 bits, so that the
+  // thirds stay below 2^63; and thirds never lie in the middle between two whole numbers.
+  const std::int64_t Days = qryList_BegDate->AsDate().daysTo(qryList_EndDate->AsDate()) + 1;
+  const std::int64_t Minutes = std::int64_t{qryList_FinishTime->AsInteger()} - qryList_StartTime->AsInteger();
+  const std::int64_t Thirds = Days * Minutes * 500;
+  qryList_Length->SetCurrency(zulcommon::TCurrency::FromScaled((Thirds + (Thirds < 0 ? -1 : 1)) / 3));
 }
 
 void TfrmPickBooking::qryList_StartTimeGetText(const ads::TField& Sender, std::string& Text) {
