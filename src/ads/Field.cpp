@@ -9,6 +9,7 @@
 #include "ads/DataSet.h"
 #include "ads/EDatabaseError.h"
 #include "ads/Store.h"
+#include "ads/StoredDate.h"
 #include "ads/Table.h"
 #include "zulcommon/DisplayFormats.h"
 #include "zulcommon/TypedValues.h"
@@ -174,7 +175,7 @@ QDate TField::AsDate() const {
   if (DataType_ == TFieldType::ftDate) {
     return IsNull() ? QDate() : QDate::fromJulianDay(AsInteger());
   }
-  return DataType_ == TFieldType::ftString ? QDate::fromString(QString::fromStdString(AsString()), Qt::ISODate) : QDate();
+  return DataType_ == TFieldType::ftString ? ReadStoredDate(AsString()) : QDate();
 }
 
 zulcommon::TCurrency TField::AsCurrency() const {

@@ -1,7 +1,6 @@
 #include "ads/Store.h"
 
 #include <QDate>
-#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -10,6 +9,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/StoredDate.h"
 #include "zulcommon/Text.h"
 #include "zulcommon/TypedValues.h"
 
@@ -81,25 +81,10 @@ std::optional<std::int32_t> BooleanOf(TCursor& Cursor, int Source) {
   return *Value != 0 ? 1 : 0;
 }
 
-std::optional<int> DigitsAt(std::string_view Text, std::size_t At, std::size_t Count) {
-  int Value = 0;
-  const char* End = Text.data() + At + Count;
-  const auto [Stop, Error] = std::from_chars(Text.data() + At, End, Value);
-  if (Error != std::errc() || Stop != End) return std::nullopt;
-  return Value;
-}
-
-// YYYY-MM-DD, a time of day behind it allowed; the Julian day.
+// The Julian day.
 std::optional<std::int32_t> DateOf(TCursor& Cursor, int Source) {
   if (Cursor.Kind(Source) != TValueKind::Text) return std::nullopt;
-  const std::string_view Text = zulcommon::Trim(Cursor.Text(Source));
-  if (Text.size() < 10 || Text[4] != '-' || Text[7] != '-') return std::nullopt;
-  if (Text.size() > 10 && Text[10] != ' ' && Text[10] != 'T') return std::nullopt;
-  const auto Year = DigitsAt(Text, 0, 4);
-  const auto Month = DigitsAt(Text, 5, 2);
-  const auto Day = DigitsAt(Text, 8, 2);
-  if (!Year || !Month || !Day) return std::nullopt;
-  const QDate Date(*Year, *Month, *Day);
+  const QDate Date = ReadStoredDate(Cursor.Text(Source));
   if (!Date.isValid()) return std::nullopt;
   return static_cast<std::int32_t>(Date.toJulianDay());
 }

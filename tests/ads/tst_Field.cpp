@@ -65,6 +65,25 @@ class tst_Field : public QObject {
     Null("no date", "'2023-02-29'", TFieldType::ftDate);
     Null("blank date", "''", TFieldType::ftDate);
     Null("number as date", "20240229", TFieldType::ftDate);
+    Row("first date", "'0001-01-01'", TFieldType::ftDate, "0001-01-01");
+    Row("last date", "'9999-12-31'", TFieldType::ftDate, "9999-12-31");
+    Row("date between blanks", "' 2024-02-29 '", TFieldType::ftDate, "2024-02-29");
+    Row("date with a T", "'2024-02-29T11:30'", TFieldType::ftDate, "2024-02-29");
+    Row("date with parts of a second", "'2024-02-29 23:59:59.999999'", TFieldType::ftDate, "2024-02-29");
+    Row("date with a zone", "'2024-02-29 11:30:00+05:30'", TFieldType::ftDate, "2024-02-29");
+    Row("date with a short zone", "'2024-02-29T11:30:00.5-03'", TFieldType::ftDate, "2024-02-29");
+    Row("date with a parted zone", "'2024-02-29 11:30:00 +02:00'", TFieldType::ftDate, "2024-02-29");
+    Row("date in world time", "'2024-02-29T11:30:00Z'", TFieldType::ftDate, "2024-02-29");
+    Row("end of a day", "'2024-02-29 24:00:00'", TFieldType::ftDate, "2024-02-29");
+    const QString WrongDates =
+        "-001-01-01|-2024-02-29|+202-02-29|0000-00-00|0000-01-01|2026-13-01|2026-00-10|2026-01-00|2026-01-32|"
+        "20260-01-01|2026-1-1|2026-01-1|2026--1-01|2026-01--1|2026/01/01|01/02/2026|2026-01-01x|x2026-01-01|"
+        "2026-01-01-|2026-01-01 x|2026-01-01 soon|2026-01-01T|2026-01-01 11|2026-01-01 11:3|2026-01-01 11:30x|"
+        "2026-01-01 11:60|2026-01-01 25:00|2026-01-01 11:30:61|2026-01-01 11:30:|2026-01-01 11:30:00.|"
+        "2026-01-01 11:30:00+|2026-01-01 11:30:00+2|2026-01-01 11:30:00 soon|2026-01-01  11:30";
+    for (const QString& Wrong : WrongDates.split('|')) {
+      QTest::addRow("no date: %s", qPrintable(Wrong)) << '\'' + Wrong + '\'' << TFieldType::ftDate << QString() << true;
+    }
     Null("null", "NULL", TFieldType::ftString);
   }
   void shouldConvertAValueOfAnotherClassWhereThatIsPossible() {
@@ -87,6 +106,17 @@ class tst_Field : public QObject {
     QVERIFY(!Field->AsDate().isValid());
     QCOMPARE(Field->AsCurrency().Scaled(), std::int64_t{0});
     QCOMPARE(Field->DisplayText(), std::string());
+  }
+
+  void shouldReadADateInATextAsInADateColumn() {
+    TField* Field = nullptr;
+    const auto Day = QueryOf("' 2024-02-29 11:30'", TFieldType::ftString, &Field);
+    QCOMPARE(Field->AsDate(), QDate(2024, 2, 29));
+    for (const char* Wrong : {"'-001-01-01'", "'2024-02-29x'", "'2024-02-29 soon'", "'2024/02/29'", "'2024-2-29'",
+                              "'2023-02-29'", "''", "NULL"}) {
+      const auto None = QueryOf(Wrong, TFieldType::ftString, &Field);
+      QVERIFY2(!Field->AsDate().isValid(), Wrong);
+    }
   }
 
   void shouldRoundAFloatingKeyHalvesToEven() {
