@@ -179,10 +179,14 @@ QDate TField::AsDate() const {
 }
 
 zulcommon::TCurrency TField::AsCurrency() const {
+  return FittingCurrency().value_or(zulcommon::TCurrency::FromDouble(AsFloat()));
+}
+
+std::optional<zulcommon::TCurrency> TField::FittingCurrency() const {
   if (const TValue* Own = OwnValue()) {
     if (const auto* Money = std::get_if<zulcommon::TCurrency>(Own)) return *Money;
   }
-  return zulcommon::TCurrency::FromDouble(AsFloat());
+  return zulcommon::TCurrency::Fitting(AsFloat());
 }
 
 std::string TField::DisplayText() const {
@@ -224,5 +228,25 @@ void TField::SetInteger(std::int32_t Value) { SetValue(Value); }
 void TField::SetFloat(double Value) { SetValue(Value); }
 void TField::SetBoolean(bool Value) { SetValue(std::int32_t{Value}); }
 void TField::SetCurrency(zulcommon::TCurrency Value) { SetValue(Value); }
+
+void TField::SetSum(const TField& A, const TField& B) {
+  const auto MoneyA = A.FittingCurrency();
+  const auto MoneyB = B.FittingCurrency();
+  const bool Fit = MoneyA && MoneyB;
+  SetAmount(Fit ? zulcommon::TCurrency::Sum(*MoneyA, *MoneyB) : std::nullopt, A.AsFloat() + B.AsFloat());
+}
+
+void TField::SetDifference(const TField& A, const TField& B) {
+  const auto MoneyA = A.FittingCurrency();
+  const auto MoneyB = B.FittingCurrency();
+  const bool Fit = MoneyA && MoneyB;
+  SetAmount(Fit ? zulcommon::TCurrency::Difference(*MoneyA, *MoneyB) : std::nullopt, A.AsFloat() - B.AsFloat());
+}
+
+void TField::SetAmount(std::optional<zulcommon::TCurrency> Money, double Otherwise) {
+  if (Money) return SetCurrency(*Money);
+  if (std::isfinite(Otherwise)) return SetFloat(Otherwise);
+  SetNull();
+}
 
 }  // namespace ads

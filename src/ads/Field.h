@@ -49,6 +49,7 @@ class ZULADS_EXPORT TField : public QObject {
   double AsFloat() const;
   bool AsBoolean() const;
   QDate AsDate() const;
+  /// The nearest end of the range where the value does not fit.
   zulcommon::TCurrency AsCurrency() const;
 
   /// The value as the user sees it: by `OnGetText`, else by the display format and the user's locale.
@@ -79,6 +80,10 @@ class ZULADS_EXPORT TField : public QObject {
   void SetFloat(double Value);
   void SetBoolean(bool Value);
   void SetCurrency(zulcommon::TCurrency Value);
+  /// The sum or the difference of two amounts, a null being nothing: as money where all three fit, else as a floating
+  /// value, and null where that is no finite number.
+  void SetSum(const TField& A, const TField& B);
+  void SetDifference(const TField& A, const TField& B);
 
   /// Makes a lookup field: its value is that of `ResultField` in the row of `Table` whose key equals this dataset's `KeyField`; null
   /// where there is no such row. The table is opened when the first value is wanted. A value is looked up once and remembered until the dataset is closed.
@@ -100,7 +105,9 @@ class ZULADS_EXPORT TField : public QObject {
   const TValue& LookUp() const;
   TValue Value() const;
   void ForgetLookups() const;
+  std::optional<zulcommon::TCurrency> FittingCurrency() const;
   void SetValue(TValue Value);
+  void SetAmount(std::optional<zulcommon::TCurrency> Money, double Otherwise);
   std::optional<double> Number() const;
 
   TDataSet* DataSet_;

@@ -41,6 +41,25 @@ TCurrency TCurrency::FromDouble(double Value) {
   return FromScaled(std::signbit(Value) ? -static_cast<std::int64_t>(Scaled) : static_cast<std::int64_t>(Scaled));
 }
 
+std::optional<TCurrency> TCurrency::Fitting(double Value) {
+  // Not-a-number is not less than anything.
+  if (!(std::fabs(Value) < BeyondRange)) return std::nullopt;
+  return FromDouble(Value);
+}
+
+std::optional<TCurrency> TCurrency::Sum(TCurrency A, TCurrency B) {
+  // What wraps around ends on the wrong side of the first.
+  const TCurrency Result = A + B;
+  if ((Result < A) != (B < TCurrency())) return std::nullopt;
+  return Result;
+}
+
+std::optional<TCurrency> TCurrency::Difference(TCurrency A, TCurrency B) {
+  const TCurrency Result = A - B;
+  if ((Result > A) != (B < TCurrency())) return std::nullopt;
+  return Result;
+}
+
 double TCurrency::ToDouble() const {
   return static_cast<double>(Scaled_) / 10000.0;
 }

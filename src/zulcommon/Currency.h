@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 
 #include "zulcommon/zulcommon_export.h"
 
@@ -16,6 +17,8 @@ class ZULCOMMON_EXPORT TCurrency {
   /// `Value` rounded to the nearest ten-thousandth, halves to even. Out of range and not-a-number give the nearest
   /// end of the range and zero.
   static TCurrency FromDouble(double Value);
+  /// The same; nothing for what is out of range and for not-a-number.
+  static std::optional<TCurrency> Fitting(double Value);
   static constexpr TCurrency FromScaled(std::int64_t TenThousandths) {
     TCurrency Result;
     Result.Scaled_ = TenThousandths;
@@ -34,6 +37,9 @@ class ZULCOMMON_EXPORT TCurrency {
     return FromScaled(
         static_cast<std::int64_t>(static_cast<std::uint64_t>(A.Scaled_) - static_cast<std::uint64_t>(B.Scaled_)));
   }
+  /// The sum and the difference; nothing where they do not fit.
+  static std::optional<TCurrency> Sum(TCurrency A, TCurrency B);
+  static std::optional<TCurrency> Difference(TCurrency A, TCurrency B);
   friend constexpr auto operator<=>(const TCurrency&, const TCurrency&) = default;
 
  private:

@@ -105,6 +105,8 @@ class tst_PickCustomer : public QObject {
   void shouldSwapPhonesAndBalances();
   void shouldShowWhatCustomersOwe();
   void shouldKeepOwedMoneyExact();
+  void shouldShowNoWrongMoneyWhenItDoesNotFit_data();
+  void shouldShowNoWrongMoneyWhenItDoesNotFit();
   void shouldNotAskAgainToShowBalances();
   void shouldLookUpEachBalanceOnceWhenItIsShown();
   void shouldRememberBalancesWhileTheListIsOpen();
@@ -409,6 +411,32 @@ void tst_PickCustomer::shouldKeepOwedMoneyExact() {
   QCOMPARE(Dialog->qryList_Balance->AsCurrency().Scaled(), std::int64_t{2000});
   Dialog->qryList_->Next();
   QCOMPARE(Dialog->qryList_Balance->AsCurrency(), zulcommon::TCurrency::FromDouble(1.00005));
+}
+
+void tst_PickCustomer::shouldShowNoWrongMoneyWhenItDoesNotFit_data() {
+  QTest::addColumn<double>("Balance");
+  QTest::addColumn<double>("Credit");
+  QTest::addColumn<QString>("Owed");
+  QTest::newRow("the difference") << 900000000000000.0 << -900000000000000.0 << "1,800,000,000,000,000.00";
+  QTest::newRow("the difference, negative") << -900000000000000.0 << 900000000000000.0 << "-1,800,000,000,000,000.00";
+  QTest::newRow("a quarter too much") << 922337203685477.5 << -0.25 << "922,337,203,685,477.80";
+  QTest::newRow("the balance") << 1e15 << 1.0 << "999,999,999,999,999.00";
+  QTest::newRow("the credit") << 1.0 << 1e15 << "-999,999,999,999,999.00";
+  QTest::newRow("both") << 3e15 << 1e15 << "2,000,000,000,000,000.00";
+  QTest::newRow("both, nothing owed") << 3e15 << 3e15 << "0.00";
+  QTest::newRow("no number at all") << 1e308 << -1e308 << "";
+}
+
+void tst_PickCustomer::shouldShowNoWrongMoneyWhenItDoesNotFit() {
+  QFETCH(double, Balance);
+  QFETCH(double, Credit);
+  QFETCH(QString, Owed);
+  TSmallCompany Company;
+  Company.Execute(QStringLiteral("UPDATE CustBal SET Balance = ?, Credit = ? WHERE CustID = 'C1'"), {Balance, Credit});
+  const auto Dialog = Company.Dialog(true, true);
+  SqlFor(*Dialog, 0, false);
+  QCOMPARE(Text(Dialog->qryList_Balance->DisplayText()), Owed);
+  QCOMPARE(Dialog->qryList_Balance->IsNull(), Owed.isEmpty());
 }
 
 void tst_PickCustomer::shouldNotAskAgainToShowBalances() {

@@ -135,6 +135,7 @@ class tst_PickPO : public QObject {
   void shouldChooseTheIconByTheFirstRuleThatFits();
   void shouldChooseTheOverlayByTheType();
   void shouldAddTheTaxToTheTenThousandth();
+  void shouldAddNoTaxWronglyWhenTheSumDoesNotFit();
   void shouldFormatTheCostWithTwoDecimals();
   void shouldSwitchTheCostColumnWithoutAQuery();
   void shouldKeepTheTaxThroughANewSearch();
@@ -409,6 +410,23 @@ void tst_PickPO::shouldAddTheTaxToTheTenThousandth() {
     const ads::TRowScope Scope(*Dialog->qryList_, static_cast<int>(Row));
     QCOMPARE(Dialog->qryList_CostInc->AsCurrency().Scaled(), Expected[Row]);
   }
+}
+
+void tst_PickPO::shouldAddNoTaxWronglyWhenTheSumDoesNotFit() {
+  TTestCompany Company(TTestCompany::TRows::None);
+  AddParties(Company);
+  const auto Add = [&](const char* Number, double Cost, double Tax) {
+    AddOrder(Company, {{"Number", Number}, {"Cost", Cost}, {"FedTax", Tax}});
+  };
+  Add("1", 900000000000000, 900000000000000);
+  Add("2", -900000000000000, -900000000000000);
+  Add("3", 1e15, 1);
+  Add("4", 1, 1e15);
+  Add("5", 1e308, 1e308);
+  const auto Dialog = AllOrders(Company);
+  QCOMPARE(support::ShownColumn(*Dialog, "CostInc"),
+           (TLines{"1,800,000,000,000,000.00", "-1,800,000,000,000,000.00", "1,000,000,000,000,001.00",
+                   "1,000,000,000,000,001.00", ""}));
 }
 
 void tst_PickPO::shouldFormatTheCostWithTwoDecimals() {

@@ -26,6 +26,8 @@ class tst_Currency : public QObject {
   void shouldTakeNotANumberForZero();
   void shouldAddAndSubtractExactly();
   void shouldWrapAroundAtTheEnds();
+  void shouldTellWhatDoesNotFit();
+  void shouldTellSumsAndDifferencesThatDoNotFit();
   void shouldCompareByAmount();
 };
 
@@ -99,6 +101,36 @@ void tst_Currency::shouldWrapAroundAtTheEnds() {
   const TCurrency One = TCurrency::FromScaled(1);
   QCOMPARE((TCurrency::FromScaled(Max) + One).Scaled(), Min);
   QCOMPARE((TCurrency::FromScaled(Min) - One).Scaled(), Max);
+}
+
+void tst_Currency::shouldTellWhatDoesNotFit() {
+  for (const double Fitting : {0.0, 0.3, -0.3, 922337203685477.5, -922337203685477.5}) {
+    QVERIFY(TCurrency::Fitting(Fitting) == TCurrency::FromDouble(Fitting));
+  }
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  for (const double Wrong : {922337203685477.625, -922337203685477.625, 1e300, -1e300, Infinity, -Infinity,
+                             std::numeric_limits<double>::quiet_NaN()}) {
+    QVERIFY(!TCurrency::Fitting(Wrong).has_value());
+  }
+}
+
+void tst_Currency::shouldTellSumsAndDifferencesThatDoNotFit() {
+  const auto Of = [](std::int64_t Scaled) { return TCurrency::FromScaled(Scaled); };
+  QVERIFY(TCurrency::Sum(Of(3), Of(-5)) == Of(-2));
+  QVERIFY(TCurrency::Sum(Of(Max), Of(0)) == Of(Max));
+  QVERIFY(TCurrency::Sum(Of(Max - 1), Of(1)) == Of(Max));
+  QVERIFY(TCurrency::Sum(Of(Min), Of(Max)) == Of(-1));
+  QVERIFY(!TCurrency::Sum(Of(Max), Of(1)).has_value());
+  QVERIFY(!TCurrency::Sum(Of(1), Of(Max)).has_value());
+  QVERIFY(!TCurrency::Sum(Of(Min), Of(-1)).has_value());
+  QVERIFY(!TCurrency::Sum(Of(Min), Of(Min)).has_value());
+  QVERIFY(TCurrency::Difference(Of(3), Of(5)) == Of(-2));
+  QVERIFY(TCurrency::Difference(Of(Min), Of(0)) == Of(Min));
+  QVERIFY(TCurrency::Difference(Of(-1), Of(Min)) == Of(Max));
+  QVERIFY(TCurrency::Difference(Of(Min), Of(Min)) == Of(0));
+  QVERIFY(!TCurrency::Difference(Of(0), Of(Min)).has_value());
+  QVERIFY(!TCurrency::Difference(Of(Max), Of(-1)).has_value());
+  QVERIFY(!TCurrency::Difference(Of(Min), Of(1)).has_value());
 }
 
 void tst_Currency::shouldCompareByAmount() {

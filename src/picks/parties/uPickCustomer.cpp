@@ -58,7 +58,7 @@ void TfrmPickCustomer::CreateBalances() {
 }
 
 void TfrmPickCustomer::tblCustBal_CalcFields() {
-  tblCustBal_Owed->SetCurrency(tblCustBal_Balance->AsCurrency() - tblCustBal_Credit->AsCurrency());
+  tblCustBal_Owed->SetDifference(*tblCustBal_Balance, *tblCustBal_Credit);
 }
 
 void TfrmPickCustomer::SetUpColumns() {

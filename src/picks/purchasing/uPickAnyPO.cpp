@@ -104,7 +104,7 @@ void TfrmPickPO::qryList_CalcFields() {
                                                         .Receipted = qryList_POReceipt->AsBoolean(),
                                                         .Cancelled = qryList_Canceled->AsBoolean(),
                                                         .Paid = qryList_APDocket->AsBoolean()}));
-  qryList_CostInc->SetCurrency(qryList_Cost->AsCurrency() + qryList_FedTax->AsCurrency());
+  qryList_CostInc->SetSum(*qryList_Cost, *qryList_FedTax);
 }
 
 void TfrmPickPO::dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
