@@ -78,6 +78,7 @@ void GridPaint(TDBGrid* Grid, const QRect& Rect, int DataCol, TColumn* Column, T
     Grid->DefaultDrawColumnCell(Rect, DataCol, Column, State);
     return;
   }
+  if (Grid->Canvas() == nullptr) return;
   QPainter& Canvas = *Grid->Canvas();
   Canvas.fillRect(Rect, Canvas.brush());
   if (!Field->AsBoolean()) return;

@@ -157,6 +157,18 @@ class tst_PickListsUtils : public QObject {
     QVERIFY(Grid.CellImage(1) == Grid.CellImage(2));
   }
 
+  void shouldPaintNothingWhileTheGridDoesNotPaint() {
+    TGrid Grid(Connection.get());
+    Grid.Query.SetRecNo(2);
+    QVERIFY(Grid.Flag->AsBoolean());
+    QVERIFY(Grid.Grid.Canvas() == nullptr);
+    const QRect Cell(0, 0, 40, 17);
+    GridPaint(&Grid.Grid, Cell, 1, Grid.Column, {});
+    GridPaint(&Grid.Grid, Cell, 0, GridCol(&Grid.Grid, Grid.Name), {});
+    Grid.Query.SetRecNo(1);
+    QVERIFY(TGrid::Count(Grid.CellImage(1), qRgb(0, 0, 0)) > 8);
+  }
+
   void shouldFindAColumnByItsField() {
     TGrid Grid(Connection.get());
     QCOMPARE(GridColIndex(&Grid.Grid, Grid.Flag), 1);
