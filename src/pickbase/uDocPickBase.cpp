@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QPushButton>
+#include <algorithm>
 
 #include "ads/EDatabaseError.h"
 #include "ads/sql/ReadingOnly.h"
@@ -66,8 +67,12 @@ TWidget* Named(TWidget* Widget, const char* Name) {
   return Widget;
 }
 
+// More decimals than a floating number can tell apart are noise, and as many as the setting holds would be gigabytes.
+constexpr int MostDecimals = 12;
+
 std::string DecimalsFormat(int Decimals) {
-  return Decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(Decimals), '0') : ",0";
+  const auto Zeros = static_cast<std::size_t>(std::clamp(Decimals, 0, MostDecimals));
+  return Zeros > 0 ? ",0." + std::string(Zeros, '0') : ",0";
 }
 
 int ChoicesHeight(const toolkit::TRadioGroup& Group) {

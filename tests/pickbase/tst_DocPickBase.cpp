@@ -227,7 +227,12 @@ void tst_DocPickBase::shouldFormatByTheSystemsDecimals_data() {
   QTest::newRow("two") << QVariant(2) << ",0.00";
   QTest::newRow("three") << QVariant(3) << ",0.000";
   QTest::newRow("less than none") << QVariant(-2) << ",0";
+  QTest::newRow("the most") << QVariant(12) << ",0.000000000000";
+  QTest::newRow("one too many") << QVariant(13) << ",0.000000000000";
+  QTest::newRow("as many as fit") << QVariant(2147483647) << ",0.000000000000";
+  QTest::newRow("more than fit") << QVariant(2147483648LL) << ",0";
   QTest::newRow("not set") << QVariant() << ",0";
+  QTest::newRow("the fewest") << QVariant(-2147483648LL) << ",0";
 }
 
 void tst_DocPickBase::shouldFormatByTheSystemsDecimals() {
