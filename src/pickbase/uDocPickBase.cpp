@@ -277,6 +277,7 @@ void TDocPickBase::AdjustWidths() {
                           static_cast<QWidget*>(rgOrderBy), static_cast<QWidget*>(ckbDesc)}) {
     Beside->move(Left, Beside->y());
   }
+  for (QCheckBox* Box : Boxes_) Box->move(Left, Box->y());
   const QWidget* Rightmost = !gbFind->isHidden()      ? gbFind
                              : !rgOrderBy->isHidden() ? static_cast<QWidget*>(rgOrderBy)
                                                       : gbList;

@@ -98,6 +98,7 @@ class tst_DocPickBase : public QObject {
   void shouldMakeAGroupOfThreeItems62High();
   void shouldPutTheOrderUnderAHiddenFindBy();
   void shouldStackExtraBoxesUnderTheDescendingBox();
+  void shouldMoveExtraBoxesWithAWiderList();
   void shouldGrowForManyChoices();
   void shouldFollowAColumnThatIsRemoved();
   void shouldKeepItsSizeWhenAColumnIsRemovedWithoutAdjusting();
@@ -226,13 +227,13 @@ void tst_DocPickBase::shouldFormatByTheSystemsDecimals_data() {
   QTest::newRow("one") << QVariant(1) << ",0.0";
   QTest::newRow("two") << QVariant(2) << ",0.00";
   QTest::newRow("three") << QVariant(3) << ",0.000";
-  QTest::newRow("less than none") << QVariant(-2) << ",0";
   QTest::newRow("the most") << QVariant(12) << ",0.000000000000";
   QTest::newRow("one too many") << QVariant(13) << ",0.000000000000";
   QTest::newRow("as many as fit") << QVariant(2147483647) << ",0.000000000000";
   QTest::newRow("more than fit") << QVariant(2147483648LL) << ",0";
-  QTest::newRow("not set") << QVariant() << ",0";
+  QTest::newRow("less than none") << QVariant(-2) << ",0";
   QTest::newRow("the fewest") << QVariant(-2147483648LL) << ",0";
+  QTest::newRow("not set") << QVariant() << ",0";
 }
 
 void tst_DocPickBase::shouldFormatByTheSystemsDecimals() {
@@ -436,6 +437,24 @@ void tst_DocPickBase::shouldStackExtraBoxesUnderTheDescendingBox() {
   QCOMPARE(Second->pos(), QPoint(Dialog->ckbDesc->x(), BottomOf(First)));
   QCOMPARE(First->objectName(), QStringLiteral("ckbPosted"));
   QCOMPARE(First->text(), QStringLiteral("Posted"));
+}
+
+void tst_DocPickBase::shouldMoveExtraBoxesWithAWiderList() {
+  const auto Dialog = NewDialog();
+  const QCheckBox* First = Dialog->AddFilterBox("ckbPosted", "Posted");
+  const QCheckBox* Second = Dialog->AddFilterBox("ckbClosed", "Closed");
+  Dialog->AdjustWidths();
+  Dialog->UpdateFind();
+  const int Left = Dialog->ckbDesc->x();
+  const int Top = First->y();
+  toolkit::TColumn* Column = Dialog->dbgAvail->Columns()[0];
+  for (const int Change : {60, -90}) {
+    Column->SetWidth(Column->Width() + Change);
+    Dialog->AdjustWidths();
+    QCOMPARE(First->pos(), QPoint(Dialog->ckbDesc->x(), BottomOf(Dialog->ckbDesc)));
+    QCOMPARE(Second->pos(), QPoint(Dialog->ckbDesc->x(), BottomOf(First)));
+  }
+  QCOMPARE(First->pos(), QPoint(Left - 30, Top));
 }
 
 void tst_DocPickBase::shouldGrowForManyChoices() {

@@ -1,0 +1,94 @@
+// The layout of every dialog, as it opens and when its list becomes wider or narrower.
+#include <QCheckBox>
+#include <QTest>
+
+#include "servers/EveryDialog.h"
+#include "support/TestCompany.h"
+
+using uDocPickBase::TDocPickBase;
+
+namespace {
+
+// What stands on the form and is not hidden; the dialog itself need not be shown for that.
+QList<QWidget*> Shown(const TDocPickBase& Dialog) {
+  QList<QWidget*> All = Dialog.pnlForm->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+  All.removeIf([](const QWidget* Widget) { return Widget->isHidden(); });
+  return All;
+}
+
+// The first two that overlap: "ckbGSTInc over gbList"; empty when none do.
+QString Overlapping(const TDocPickBase& Dialog) {
+  const QList<QWidget*> All = Shown(Dialog);
+  for (qsizetype A = 0; A < All.size(); ++A) {
+    for (qsizetype B = A + 1; B < All.size(); ++B) {
+      if (All[A]->geometry().intersects(All[B]->geometry()))
+        return All[B]->objectName() + " over " + All[A]->objectName();
+    }
+  }
+  return {};
+}
+
+// The first that does not stand wholly on the form.
+QString Outside(const TDocPickBase& Dialog) {
+  for (const QWidget* Widget : Shown(Dialog)) {
+    if (!Dialog.pnlForm->rect().contains(Widget->geometry())) return Widget->objectName();
+  }
+  return {};
+}
+
+// The first of the dialog's own boxes that does not stand at the left of the descending one, below it.
+QString Astray(const TDocPickBase& Dialog) {
+  for (const QCheckBox* Box : Dialog.pnlForm->findChildren<QCheckBox*>(Qt::FindDirectChildrenOnly)) {
+    if (Box == Dialog.ckbDesc) continue;
+    if (Box->x() != Dialog.ckbDesc->x() || Box->y() <= Dialog.ckbDesc->y()) return Box->objectName();
+  }
+  return {};
+}
+
+}  // namespace
+
+class tst_PickLayouts : public QObject {
+  Q_OBJECT
+
+  support::TTestCompany Company_;
+
+ private Q_SLOTS:
+  void shouldHaveBoxesOfTheirOwn();
+  void shouldKeepEverythingApart_data();
+  void shouldKeepEverythingApart();
+};
+
+// So that the walk below does look at some.
+void tst_PickLayouts::shouldHaveBoxesOfTheirOwn() {
+  qsizetype Boxes = 0;
+  for (const support::TSampleDialog& Each : support::EveryDialog()) {
+    Boxes +=
+        Each.Create(Company_.Connection())->pnlForm->findChildren<QCheckBox*>(Qt::FindDirectChildrenOnly).size() - 1;
+  }
+  QVERIFY(Boxes >= 10);
+}
+
+void tst_PickLayouts::shouldKeepEverythingApart_data() {
+  QTest::addColumn<int>("Index");
+  for (std::size_t Index = 0; Index < support::EveryDialog().size(); ++Index) {
+    QTest::newRow(support::EveryDialog()[Index].Name.c_str()) << static_cast<int>(Index);
+  }
+}
+
+void tst_PickLayouts::shouldKeepEverythingApart() {
+  QFETCH(int, Index);
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company_.Connection());
+  QCOMPARE(Overlapping(*Dialog), QString());
+  QCOMPARE(Astray(*Dialog), QString());
+  for (const int Change : {90, -40, 130}) {
+    toolkit::TColumn* Column = Dialog->dbgAvail->Columns()[0];
+    Column->SetWidth(std::max(Column->Width() + Change, 1));
+    Dialog->AdjustWidths();
+    QCOMPARE(Overlapping(*Dialog), QString());
+    QCOMPARE(Astray(*Dialog), QString());
+    QCOMPARE(Outside(*Dialog), QString());
+  }
+}
+
+QTEST_MAIN(tst_PickLayouts)
+#include "tst_PickLayouts.moc"
