@@ -224,6 +224,23 @@ class tst_PickOEJobAndMembers : public QObject {
     QCOMPARE(DocNo, "103");
   }
 
+  // The documents were read before the date is found wrong, so the members have to be read anew: as they are by then.
+  void shouldAskForTheMembersAgainAfterAWrongDate() {
+    TGroups Company;
+    const auto Dialog = CreateMembers(Company);
+    const QString Before = Sql(*Dialog);
+    std::vector<std::string> Opened;
+    Dialog->qryList_->AfterOpen = [&](ads::TDataSet&) { Opened.push_back(Sql(*Dialog).toStdString()); };
+    Company.AddMember("104", "J1", "2024-01-10", "900");
+    picks::Ask(*Dialog, 3, false, 3, "101");
+    QCOMPARE(Failure<zulcommon::EZULException>([&] { Dialog->CallSetSQL(); }), NoDate);
+    QCOMPARE(Opened.size(), std::size_t{2});
+    QVERIFY(Text(Opened[0]).contains("UPPER(O.Number) LIKE '%101%'"));
+    QCOMPARE(Text(Opened[1]), Before);
+    QCOMPARE(Sql(*Dialog), Before);
+    QCOMPARE(Column(*Dialog, "Number"), QString("102 | 104 | 103 | 101"));
+  }
+
   void shouldCheckForADateUnderTheDate() {
     TGroups Company;
     const auto Dialog = CreateMembers(Company);

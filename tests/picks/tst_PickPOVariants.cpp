@@ -164,6 +164,8 @@ class tst_PickPOVariants : public QObject {
   void shouldLayOutCustomerOrdersByTheirKeys_data();
   void shouldLayOutCustomerOrdersByTheirKeys();
   void shouldBuildTheSqlOfCustomerOrdersLetterByLetter();
+  void shouldAddNoLineForAChoiceThatCustomerOrdersDoNotOffer_data();
+  void shouldAddNoLineForAChoiceThatCustomerOrdersDoNotOffer();
   void shouldPutTheKeysInAsTheyAre();
   void shouldListTheCustomerOrdersOfTheKeys();
   void shouldPaintTheReturnsAsTicks();
@@ -291,6 +293,38 @@ void tst_PickPOVariants::shouldBuildTheSqlOfCustomerOrdersLetterByLetter() {
   Compare({"", "100", " "}, 3, {});
   Compare({"C1", "100", ""}, 3, Customer);
   Compare({"C1", "100", "I"}, 3, Both);
+}
+
+void tst_PickPOVariants::shouldAddNoLineForAChoiceThatCustomerOrdersDoNotOffer_data() {
+  QTest::addColumn<QString>("CustID");
+  QTest::addColumn<QString>("PONumber");
+  QTest::addColumn<int>("Offered");
+  QTest::newRow("no keys") << ""
+                           << "" << 6;
+  QTest::newRow("a customer") << "C1"
+                              << "" << 5;
+  QTest::newRow("a document") << ""
+                              << "100" << 3;
+}
+
+// What the keys take away from the choices cannot be asked for by its position either.
+void tst_PickPOVariants::shouldAddNoLineForAChoiceThatCustomerOrdersDoNotOffer() {
+  QFETCH(QString, CustID);
+  QFETCH(QString, PONumber);
+  QFETCH(int, Offered);
+  TTestCompany Company(TTestCompany::TRows::None);
+  const auto Dialog = CustPO(Company, {CustID.toStdString(), PONumber.toStdString(), ""});
+  QCOMPARE(Dialog->rgOrderBy->Items().Count(), Offered);
+  for (toolkit::TRadioGroup* Group : {Dialog->rgFindBy, Dialog->rgOrderBy}) {
+    while (Group->Items().Count() < 8) Group->Items().Add("More");
+  }
+  const QString Plain = SqlFor(*Dialog, 0, false);
+  const QString WithoutSelect = Plain.mid(Plain.indexOf("FROM "));
+  for (int Index = Offered; Index < 8; ++Index) {
+    QCOMPARE(SqlFor(*Dialog, 0, false, Index, "x"), Plain);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, SqlFor(*Dialog, Index, false));
+    QCOMPARE(picks::Joined(support::SqlLines(*Dialog)), WithoutSelect);
+  }
 }
 
 void tst_PickPOVariants::shouldPutTheKeysInAsTheyAre() {
