@@ -3,10 +3,10 @@
 #include <QLocale>
 #include <QStringList>
 #include <QVariant>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "DialogFacts.h"
 #include "PickQueries.h"
 #include "ads/EDatabaseError.h"
 #include "support/NumberedTexts.h"
@@ -18,6 +18,8 @@
 /// What the tests of the order-entry dialogs share.
 namespace orders {
 
+using picks::Columns;
+using picks::Fields;
 using picks::Joined;
 using picks::SqlFor;
 using picks::Text;
@@ -28,38 +30,6 @@ using uDocPickBase::TDocPickBase;
 inline void UseAustralianFormats() {
   QLocale::setDefault(QLocale(QLocale::English, QLocale::Australia));
   toolkit::SetShortDateFormat("dd/mm/yyyy");
-}
-
-/// A dialog's fields in their order: "Number string 8 | Total float".
-inline QString Fields(const TDocPickBase& Dialog) {
-  static const std::map<ads::TFieldType, QString> Types = {
-      {ads::TFieldType::ftString, "string"},   {ads::TFieldType::ftSmallint, "smallint"},
-      {ads::TFieldType::ftInteger, "integer"}, {ads::TFieldType::ftAutoInc, "autoinc"},
-      {ads::TFieldType::ftBoolean, "boolean"}, {ads::TFieldType::ftFloat, "float"},
-      {ads::TFieldType::ftDate, "date"}};
-  QStringList All;
-  for (const ads::TField* Field : Dialog.qryList_->Fields()) {
-    QString Facts = Text(Field->FieldName()) + " " + Types.at(Field->DataType());
-    if (Field->Size() > 0) Facts += " " + QString::number(Field->Size());
-    if (Field->Kind() == ads::TFieldKind::fkCalculated) Facts += " calculated";
-    All.append(Facts);
-  }
-  return All.join(" | ");
-}
-
-/// The grid's columns in their order, with title and the alignment of cell and title: "Number T3021 right/right".
-inline QString Columns(const TDocPickBase& Dialog) {
-  const auto Name = [](toolkit::TAlignment Alignment) {
-    return Alignment == toolkit::TAlignment::taCenter         ? QString("centre")
-           : Alignment == toolkit::TAlignment::taRightJustify ? QString("right")
-                                                              : QString("left");
-  };
-  QStringList All;
-  for (const toolkit::TColumn* Column : Dialog.dbgAvail->Columns()) {
-    All.append(Text(Column->Field()->FieldName() + " " + Column->Title()) + " " + Name(Column->Alignment()) + "/" +
-               Name(Column->TitleAlignment()));
-  }
-  return All.join(" | ");
 }
 
 /// The pixels of a field's column; -1 when it has none.

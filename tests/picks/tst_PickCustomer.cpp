@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/parties/uPickCustomer.h"
 #include "support/TestCompany.h"
@@ -90,6 +91,7 @@ class tst_PickCustomer : public QObject {
   void shouldAskForCustomers();
   void shouldAskForNothingByAnUnknownOrder();
   void shouldShowCustomers();
+  void shouldDeclareItsFieldsAndTexts();
   void shouldListActiveCustomersByCompany();
   void shouldPutTheAddressTogether();
   void shouldSortByEachColumn();
@@ -194,6 +196,24 @@ void tst_PickCustomer::shouldShowCustomers() {
   QCOMPARE(Dialog->ckbInactive->size(), QSize(75, 14));
   QCOMPARE(Dialog->ckbBalance->pos(), Dialog->ckbDesc->pos() + QPoint(0, Dialog->ckbDesc->height()));
   QCOMPARE(Dialog->ckbInactive->pos(), Dialog->ckbBalance->pos() + QPoint(0, Dialog->ckbBalance->height()));
+}
+
+void tst_PickCustomer::shouldDeclareItsFieldsAndTexts() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  const QString Start = "ID T3026 right/right | FirstName T3028 left/left | Company T3027 left/left | ";
+  const QString End = " | Inactive I centre/centre";
+  TDeclared Declared{
+      "ID string 6 | FirstName string 35 | Company string 35 | Addr string 52 | Phone string 15 | Inactive boolean | "
+      "Balance float lookup",
+      Start + "Addr T3043 left/left | Phone T3045 left/left" + End, "T27", "T52",
+      "T3026 | T3028 | T3027 | T3043 | T3045"};
+  const auto Phones = Company.Dialog();
+  CompareDeclared(*Phones, Declared);
+  QCOMPARE(Fields(*Phones->tblCustBal_),
+           QString("CustID string 6 | Balance float | Credit float | Owed float calculated"));
+  Declared.Columns = Start + "Addr T3043 left/left | Balance T3076 right/right" + End;
+  CompareDeclared(*Company.Dialog(true, true), Declared);
 }
 
 void tst_PickCustomer::shouldListActiveCustomersByCompany() {

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/parties/uPickCustContactEmails.h"
 #include "picks/parties/uPickVendorsEmails.h"
@@ -82,6 +83,8 @@ class tst_PickEmails : public QObject {
   void shouldAskForVendors();
   void shouldShowAddresses();
   void shouldShowVendors();
+  void shouldDeclareTheFieldsAndTextsOfAddresses();
+  void shouldDeclareTheFieldsAndTextsOfVendors();
   void shouldListEveryAddressOfACustomer();
   void shouldSortAcrossCustomersAndContacts();
   void shouldFindInBothHalves();
@@ -197,6 +200,28 @@ void tst_PickEmails::shouldShowVendors() {
   QCOMPARE(Dialog->ckbInactive->pos(), Dialog->ckbDesc->pos() + QPoint(0, Dialog->ckbDesc->height()));
   QVERIFY(!Dialog->ckbInactive->isHidden());
   QVERIFY(!Dialog->ckbInactive->isChecked());
+}
+
+void tst_PickEmails::shouldDeclareTheFieldsAndTextsOfAddresses() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  for (const bool ForCustomers : {true, false}) {
+    const QString Whose = ForCustomers ? "Customer" : "Prospect";
+    CompareDeclared(*TfrmDocPickCustEmails::Create(Company.Connection(), ForCustomers),
+                    {"ID string 6 | Company string 35 | Contact string 30 | Email string 40",
+                     "ID T3119 right/right | Company T3121 left/left | Contact T3163 left/left | Email T3029 left/left",
+                     Whose + " Email Address", Whose + " Email Addresses", "T3119 | T3121 | T3163"});
+  }
+}
+
+void tst_PickEmails::shouldDeclareTheFieldsAndTextsOfVendors() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  CompareDeclared(*TfrmPickVendorsEmail::Create(Company.Connection()),
+                  {"ID string 6 | Company string 35 | Email string 40 | Contractor boolean | Inactive boolean",
+                   "ID T3015 right/right | Company T3016 left/left | Email T3030 left/left | "
+                   "Contractor C centre/centre | Inactive I centre/centre",
+                   "T29", "T155", "T3015 | T3016 | T3030"});
 }
 
 void tst_PickEmails::shouldListEveryAddressOfACustomer() {

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/reference/uPickDepartmentMulti.h"
 #include "picks/reference/uPickMultiDepartments.h"
@@ -77,6 +78,8 @@ class tst_PickMultiReference : public QObject {
   void shouldAskForDepartmentsWhateverIsChosen();
   void shouldShowUsers();
   void shouldShowDepartments();
+  void shouldDeclareTheFieldsAndTextsOfUsers();
+  void shouldDeclareTheFieldsAndTextsOfDepartments();
   void shouldReturnTickedUsersInTheOrderShown();
   void shouldReturnThoseTickedAfterTheLastSearchOnly();
   void shouldDropTheTicksWithEveryRequery();
@@ -175,6 +178,24 @@ void tst_PickMultiReference::shouldShowDepartments() {
   }
   QCOMPARE(Departments->dbgAvail->Columns()[0]->Width(), 120);
   QVERIFY(Twin->dbgAvail->Columns()[0]->Width() != 120);
+}
+
+void tst_PickMultiReference::shouldDeclareTheFieldsAndTextsOfUsers() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  CompareDeclared(*TfrmPickMultiUsers::Create(Company.Connection()),
+                  {"Ticked boolean calculated | UserName string 10 | DisplayNm string 30",
+                   "UserName T3013 left/left | DisplayNm T3014 left/left | Ticked T centre/centre", "T454", "T454",
+                   "T3013 | T3014"});
+}
+
+void tst_PickMultiReference::shouldDeclareTheFieldsAndTextsOfDepartments() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  const TDeclared Declared{"Ticked boolean calculated | Department string 10",
+                           "Department T3210 left/left | Ticked T centre/centre", "T381", "T381", "T3210"};
+  CompareDeclared(*TfrmPickDepartments::Create(Company.Connection()), Declared);
+  CompareDeclared(*TfrmPickMultiDepartments::Create(Company.Connection()), Declared);
 }
 
 void tst_PickMultiReference::shouldReturnTickedUsersInTheOrderShown() {

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/reference/uPickAPAgeHist.h"
 #include "picks/reference/uPickItemHistPeriod.h"
@@ -50,6 +51,7 @@ class tst_PickPeriods : public QObject {
   void shouldAskForAgingPeriods();
   void shouldAskForItemHistoryPeriods();
   void shouldShowCodeAndDates();
+  void shouldDeclareItsFieldsAndTexts();
   void shouldOpenWithTheLatestOpenPeriodFirst();
   void shouldListClosedPeriodsWhenAsked();
   void shouldSortByEachColumnWithMissingDatesFirst();
@@ -170,6 +172,19 @@ void tst_PickPeriods::shouldShowCodeAndDates() {
   QCOMPARE(History->windowTitle(), QString("Select Period"));
   QCOMPARE(History->gbList->title(), QString("Available Periods"));
   QCOMPARE(Joined(ShownColumn(*General, "Start")), QString("01/07/2025 |  | 01/08/2025"));
+}
+
+void tst_PickPeriods::shouldDeclareItsFieldsAndTexts() {
+  TCompanyWithPeriods Company;
+  const TNumberedTexts Texts;
+  TDeclared Declared{"Period string 4 | Start date | End date",
+                     "Period T3054 left/left | Start T3055 centre/centre | End T3056 centre/centre", "T153", "T214",
+                     "T3054 | T3055 | T3056"};
+  CompareDeclared(*TfrmPickPeriods::Create(Company.Connection(), false), Declared);
+  CompareDeclared(*TfrmPickItemHistPeriod::Create(Company.Connection()), Declared);
+  Declared.Caption = "Aging History Period";
+  Declared.Available = "Aging History Periods";
+  CompareDeclared(*TfrmPickAPAgeHist::Create(Company.Connection()), Declared);
 }
 
 void tst_PickPeriods::shouldOpenWithTheLatestOpenPeriodFirst() {

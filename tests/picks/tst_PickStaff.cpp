@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/reference/uPickSalesPerson.h"
 #include "picks/reference/uPickUserName.h"
@@ -49,6 +50,8 @@ class tst_PickStaff : public QObject {
   void shouldAskForUsers();
   void shouldShowSalesPeople();
   void shouldShowUsers();
+  void shouldDeclareTheFieldsAndTextsOfSalesPeople();
+  void shouldDeclareTheFieldsAndTextsOfUsers();
   void shouldListCurrentSalesPeopleByName();
   void shouldLookAtTheEntityOnlyWithSeveralAccounts();
   void shouldSortAndFindSalesPeople();
@@ -153,6 +156,24 @@ void tst_PickStaff::shouldShowUsers() {
   QCOMPARE(Dialog->ckbInactive->pos(), Dialog->ckbDesc->pos() + QPoint(0, Dialog->ckbDesc->height()));
   QVERIFY(!Dialog->ckbInactive->isHidden());
   QVERIFY(!Dialog->ckbInactive->isChecked());
+}
+
+void tst_PickStaff::shouldDeclareTheFieldsAndTextsOfSalesPeople() {
+  TSmallCompany Company(false);
+  const TNumberedTexts Texts;
+  CompareDeclared(*TfrmPickSalesPerson::Create(Company.Connection(), ""),
+                  {"SalesMan string 30 | Department string 10 | Title string 35",
+                   "SalesMan T3018 left/left | Department T3019 left/left | Title T3020 left/left", "T344", "T59",
+                   "T3025 | T3019 | T3020"});
+}
+
+void tst_PickStaff::shouldDeclareTheFieldsAndTextsOfUsers() {
+  TSmallCompany Company(false);
+  const TNumberedTexts Texts;
+  CompareDeclared(*TfrmPickUserName::Create(Company.Connection(), ""),
+                  {"UserName string 10 | DisplayNM string 30 | Inactive boolean",
+                   "UserName T3013 left/left | DisplayNM T3014 left/left | Inactive I centre/centre", "T572", "T454",
+                   "T3013 | T3014"});
 }
 
 void tst_PickStaff::shouldListCurrentSalesPeopleByName() {

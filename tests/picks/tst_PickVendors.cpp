@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "ads/EDatabaseError.h"
+#include "picks/DialogFacts.h"
 #include "picks/PickQueries.h"
 #include "picks/parties/uPickVendors.h"
 #include "support/TestCompany.h"
@@ -48,6 +49,7 @@ class tst_PickVendors : public QObject {
   void shouldAskForVendors();
   void shouldAskForNothingByAnUnknownOrder();
   void shouldShowVendors();
+  void shouldDeclareItsFieldsAndTexts();
   void shouldListVendorsOfAKind();
   void shouldListInactiveVendorsWhenTicked();
   void shouldSortByEachColumn();
@@ -136,6 +138,19 @@ void tst_PickVendors::shouldShowVendors() {
   QCOMPARE(Dialog->ckbInactive->pos(), Dialog->ckbDesc->pos() + QPoint(0, Dialog->ckbDesc->height()));
   QVERIFY(!Dialog->ckbInactive->isHidden());
   QVERIFY(!Dialog->ckbInactive->isChecked());
+}
+
+void tst_PickVendors::shouldDeclareItsFieldsAndTexts() {
+  TSmallCompany Company;
+  const TNumberedTexts Texts;
+  for (const TVendorWhat What : {TVendorWhat::vwAll, TVendorWhat::vwContractor}) {
+    CompareDeclared(*TfrmPickVendors::Create(Company.Connection(), What),
+                    {"ID string 6 | Company string 35 | Addr1 string 35 | Zip string 30 | Phone string 15 | "
+                     "Contractor boolean | Inactive boolean",
+                     "ID T3015 right/right | Company T3016 left/left | Addr1 T3017 left/left | Zip T3041 left/left | "
+                     "Phone T3165 left/left | Contractor C centre/centre | Inactive I centre/centre",
+                     "T29", "T155", "T3015 | T3016 | T3017 | T3041 | T3165"});
+  }
 }
 
 void tst_PickVendors::shouldListVendorsOfAKind() {
