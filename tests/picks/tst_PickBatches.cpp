@@ -228,6 +228,7 @@ void tst_PickBatches::shouldAddNoSelectLineForAnOrderThatThereIsNot() {
 void tst_PickBatches::shouldShowTheColumnsOfElectronicPayments() {
   TCompanyWithBatches Company;
   const auto Dialog = TfrmPickEFTBatch::Create(Company.Connection());
+  // The dates of Posted stand in the middle, its title stays at the left.
   CompareColumns(*Dialog, {{"Batch", "Batch", 0, Right, Right},
                            {"Desc", "Description", 150, Left, Left},
                            {"Posted", "Posted", 0, Centre, Left},
