@@ -107,14 +107,16 @@ class TStatementHandle {
   SQLHSTMT Handle_ = nullptr;
 };
 
-// Reads a value in pieces into `Text`; false for a null. `Unit` is a byte or a UTF-16 unit.
+// Reads a value in pieces into `Text`; false for a null. `Unit` is a byte or a UTF-16 unit. Each piece is as long as
+// all before it, because a driver may go through the whole value for every one.
 template <typename TUnit>
 bool ReadPieces(const TStatementHandle& Statement, int Column, SQLSMALLINT Type, std::vector<TUnit>& Text) {
-  constexpr std::size_t Room = 1024;
+  constexpr std::size_t FirstRoom = 1024;
   const std::size_t Terminator = Type == SQL_C_BINARY ? 0 : 1;
   Text.clear();
   for (SQLRETURN Code = SQL_SUCCESS_WITH_INFO; Code == SQL_SUCCESS_WITH_INFO;) {
     const std::size_t Before = Text.size();
+    const std::size_t Room = std::max(FirstRoom, Before);
     Text.resize(Before + Room);
     SQLLEN Bytes = 0;
     Code = SQLGetData(Statement.Get(), static_cast<SQLUSMALLINT>(Column + 1), Type, Text.data() + Before,

@@ -1,3 +1,4 @@
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
 #include <clocale>
@@ -202,6 +203,59 @@ class tst_ODBCConnection : public QObject {
         QFAIL(qPrintable(QString("U+%1 gives %2").arg(Code->AsInteger(), 4, 16).arg(Upper->AsString().c_str())));
       }
     }
+  }
+
+  // The time bounds are far from what a loaded machine needs, and farther from a time that grows with the square.
+  void shouldUpperCaseInProportionToTheText() {
+    if (!Open(TBackendKind::ODBCSQLite)) return;
+    Company_->Execute("CREATE TABLE T (A VARCHAR(20))");
+    Company_->ExecuteBeside(
+        "WITH RECURSIVE N(I) AS (SELECT 32 UNION ALL SELECT I + 1 FROM N WHERE I < 131071) "
+        "INSERT INTO T SELECT group_concat(char(I), '') FROM N WHERE I NOT BETWEEN 55296 AND 57343");
+    QElapsedTimer Timer;
+    Timer.start();
+    const QStringList Upper = Rows("SELECT UPPER(A) X FROM T");
+    QVERIFY2(Timer.elapsed() < 10'000, qPrintable(QString::number(Timer.elapsed())));
+    const QStringList Text = Rows("SELECT A X FROM T");
+    QVERIFY(Text.size() == 1 && Text[0].size() > 128'000);
+    QVERIFY(Upper.size() == 1 && Upper[0].toStdString() == zulcommon::UpperCase(Text[0].toStdString()));
+  }
+
+  void shouldUpperCaseWhateverStandsInAColumn() {
+    if (!Open(TBackendKind::ODBCSQLite)) return;
+    Company_->ExecuteBeside("CREATE TABLE T (N INTEGER, A VARCHAR(20))");
+    Company_->ExecuteBeside(
+        "INSERT INTO T VALUES (1, ''), (2, NULL), (3, 'it''s é''s'), (4, 'ß'), (5, 'ﬃ-ß-ŉ x'), (6, '漢字 é'), "
+        "(7, 12.5), (8, 'É'), (9, 'a' || char(10) || 'b' || char(9) || 'é'), (10, '\\é%_*?[]')");
+    QCOMPARE(Rows("SELECT UPPER(A) X FROM T ORDER BY N"), QStringList({"", "(null)", "IT'S É'S", "SS", "FFI-SS-ʼN X",
+                                                                       "漢字 É", "12.5", "É", "A\nB\tÉ", "\\É%_*?[]"}));
+    QCOMPARE(Rows("SELECT UPPER(N) X FROM T WHERE N = 7"), QStringList("7"));
+  }
+
+  void shouldReadInProportionToTheText_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : {TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL}) {
+      QTest::newRow(support::NameOf(Kind)) << Kind;
+    }
+  }
+  void shouldReadInProportionToTheText() {
+    QFETCH(TBackendKind, Kind);
+    if (!Open(Kind, Kind == TBackendKind::ODBCPostgreSQL ? "MaxLongVarcharSize=10" : "")) return;
+    // Long texts among short ones, of lengths about those of a piece, with letters of one to four bytes.
+    QStringList Texts;
+    const QString Letters = QStringLiteral("aé✓𝄞 0123456789");
+    for (const int Length : {0, 1, 1021, 1022, 1023, 1024, 1025, 2046, 2047, 2048, 2049, 5'000'000, 3}) {
+      Texts += QString(Length / Letters.size() + 1, QChar()).replace(QChar(), Letters).left(Length);
+      if (!Texts.back().isEmpty() && Texts.back().back().isHighSurrogate()) Texts.back().back() = QChar('x');
+      Company_->ExecuteBeside(Texts.size() == 1 ? "CREATE TABLE t (n integer, a text)" : "SELECT 1");
+      Company_->ExecuteBeside(QString("INSERT INTO t VALUES (%1, '%2')").arg(Texts.size()).arg(Texts.back()));
+    }
+    QElapsedTimer Timer;
+    Timer.start();
+    const QStringList Read = Rows("SELECT A X FROM T ORDER BY N");
+    QVERIFY2(Timer.elapsed() < 10'000, qPrintable(QString::number(Timer.elapsed())));
+    QCOMPARE(Read.size(), Texts.size());
+    for (int Row = 0; Row < Texts.size(); ++Row) QVERIFY2(Read[Row] == Texts[Row], qPrintable(QString::number(Row)));
   }
 
   void shouldMatchOnAPlainSQLiteAsEverywhere() {

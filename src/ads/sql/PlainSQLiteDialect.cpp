@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "ads/sql/Dialect.h"
@@ -21,50 +22,72 @@ bool IsOneCharacter(const std::string& Text) {
   return Starts == 1;
 }
 
-// The small letters beyond ASCII and their capitals, in the same order, and as the choices of a CASE the letters whose
-// upper case are several characters.
+// Small letters that lie near each other and their capitals, in the same order, and as the choices of a CASE the
+// letters whose upper case are several characters.
 struct TLetters {
+  std::string First;
+  std::string Last;
   std::string Small;
   std::string Capital;
   std::string Several;
 
-  TLetters() {
-    constexpr char32_t End = 0x20000;  // there are no letters with two cases beyond
-    for (char32_t Character = 0x80; Character < End; ++Character) {
-      if (Character >= 0xD800 && Character <= 0xDFFF) continue;
-      const std::string Letter = Utf8(Character);
-      const std::string Upper = zulcommon::UpperCase(Letter);
-      if (Upper == Letter) continue;
-      if (IsOneCharacter(Upper)) {
-        Small += Letter;
-        Capital += Upper;
-      } else {
-        Several += " WHEN '" + Letter + "' THEN '" + Upper + "'";
-      }
+  void Add(const std::string& Letter, const std::string& Upper) {
+    if (First.empty()) First = Letter;
+    Last = Letter;
+    if (IsOneCharacter(Upper)) {
+      Small += Letter;
+      Capital += Upper;
+    } else {
+      Several += " WHEN '" + Letter + "' THEN '" + Upper + "'";
     }
+  }
+
+  // The choice of a CASE for a part that lies among these letters.
+  std::string Choice() const {
+    const std::string Place = "nullif(instr('" + Small + "', zul_part), 0)";
+    const std::string Other = Several.empty() ? "zul_part" : "CASE zul_part" + Several + " ELSE zul_part END";
+    return " WHEN zul_part BETWEEN '" + First + "' AND '" + Last + "' THEN coalesce(substr('" + Capital + "', " +
+           Place + ", 1), " + Other + ")";
   }
 };
 
-// What stands before and behind the argument of UPPER. SQLite itself upper-cases but ASCII; a text with other letters
-// is gone through letter by letter. (Nested calls of REPLACE, one a letter, are more than its parser takes.)
+// The upper case of a part that is ASCII or one letter. SQLite itself upper-cases but ASCII. The other letters are
+// looked up in lists that are short enough to be gone through for every letter of a text.
+std::string UpperOfPart() {
+  constexpr char32_t End = 0x20000;  // there are no letters with two cases beyond
+  constexpr char32_t Near = 0x200;
+  std::string Choices;
+  for (char32_t Block = 0; Block < End; Block += Near) {
+    TLetters Letters;
+    for (char32_t Character = std::max<char32_t>(Block, 0x80); Character < Block + Near; ++Character) {
+      if (Character >= 0xD800 && Character <= 0xDFFF) continue;
+      const std::string Letter = Utf8(Character);
+      const std::string Upper = zulcommon::UpperCase(Letter);
+      if (Upper != Letter) Letters.Add(Letter, Upper);
+    }
+    if (!Letters.First.empty()) Choices += Letters.Choice();
+  }
+  return "CASE" + Choices + " ELSE upper(zul_part) END";
+}
+
+// What stands before and behind the argument of UPPER. A text with letters beyond ASCII is halved until its parts are
+// one letter or all ASCII, so that the time grows but little faster than the text: a place in a text is found by
+// counting from its start. (Nested calls of REPLACE, one a letter, are more than SQLite's parser takes.)
 struct TUpper {
   std::string Before;
   std::string Behind = " AS zul_text))";
 
   TUpper() {
-    const TLetters Letters;
-    const std::string Letter = "substr(zul_text, zul_place, 1)";
-    const std::string Place = "instr('" + Letters.Small + "', " + Letter + ")";
-    const std::string Upper = "CASE WHEN " + Letter + " < char(128) THEN upper(" + Letter + ") WHEN " + Place +
-                              " > 0 THEN substr('" + Letters.Capital + "', " + Place + ", 1) ELSE CASE " + Letter +
-                              Letters.Several + " ELSE " + Letter + " END END";
-    Before =
-        "(SELECT CASE WHEN zul_text GLOB '*[^ -~]*' THEN (WITH RECURSIVE zul_upper(zul_place, zul_done) AS (SELECT 1, "
-        "'' "
-        "UNION ALL SELECT zul_place + 1, zul_done || " +
-        Upper +
-        " FROM zul_upper WHERE zul_place <= length(zul_text)) SELECT zul_done FROM zul_upper "
-        "WHERE zul_place > length(zul_text)) ELSE upper(zul_text) END FROM (SELECT ";
+    const std::string Beyond = " GLOB '*[^ -~]*'";
+    const std::string Splits = "length(zul_part) > 1 AND zul_part" + Beyond;
+    const std::string From = " FROM zul_parts WHERE ";
+    Before = "(SELECT CASE WHEN zul_text" + Beyond +
+             " THEN (WITH RECURSIVE zul_parts(zul_place, zul_part) AS (SELECT 1, zul_text UNION ALL SELECT zul_place, "
+             "substr(zul_part, 1, length(zul_part) / 2)" +
+             From + Splits +
+             " UNION ALL SELECT zul_place + length(zul_part) / 2, substr(zul_part, length(zul_part) / 2 + 1)" + From +
+             Splits + ") SELECT group_concat(" + UpperOfPart() + ", '') FROM (SELECT zul_part" + From + "NOT (" +
+             Splits + ") ORDER BY zul_place)) ELSE upper(zul_text) END FROM (SELECT ";
   }
 };
 
