@@ -1,6 +1,7 @@
 #include "ads/Connection.h"
 
 #include <QSqlDriver>
+#include <QThread>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
@@ -38,7 +39,14 @@ EConnectionLost::~EConnectionLost() = default;
 TAdsConnection::TAdsConnection(QSqlDatabase Database) : Database_(std::move(Database)) {}
 TAdsConnection::~TAdsConnection() = default;
 
+// Drivers take no locks: what two threads do to a connection at once may crash in either.
+void TAdsConnection::RequireOwnThread() const {
+  if (!Database_.isValid() || Database_.driver()->thread() == QThread::currentThread()) return;
+  throw EDatabaseError("The database connection belongs to another thread.");
+}
+
 const sql::TDialect& TAdsConnection::Dialect() const {
+  RequireOwnThread();
   if (void* Handle = ODBCHandle(Database_)) return ODBCDialect(Handle);
   const QSqlDriver* Driver = Database_.driver();
   switch (Driver != nullptr ? Driver->dbmsType() : QSqlDriver::UnknownDbms) {
@@ -53,6 +61,7 @@ const sql::TDialect& TAdsConnection::Dialect() const {
 
 std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql,
                                                     std::span<const std::string> AllowedFunctions) {
+  RequireOwnThread();
   // A lost connection to PostgreSQL is not open either, but has more to say.
   pg_conn* Server = PostgreSQLHandle(Database_);
   if (Server == nullptr && !Database_.isOpen()) throw EConnectionLost("The database connection is not open.");

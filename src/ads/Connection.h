@@ -15,15 +15,17 @@ class TCursor;
 /// The host's database connection, borrowed.
 ///
 /// Wraps a QSqlDatabase that the host has opened and keeps open for as long as this object lives; what a dataset reads
-/// is what the host's own transaction sees. Never opens, closes, begins, commits or configures anything that the host could notice: a
-/// SQLite connection is only given two SQL functions of its own (`zul_upper`, `zul_like`), which stay with it until it is closed.
-/// On PostgreSQL, by its own driver or by ODBC, a query runs in a reading transaction of its own while the host has none open, and behind a
-/// savepoint within the host's; both are gone when its rows are read.
+/// is what the host's own transaction sees. Never opens, closes, begins, commits or configures anything that the host
+/// could notice: a SQLite connection is only given two SQL functions of its own (`zul_upper`, `zul_like`), which stay
+/// with it until it is closed. On PostgreSQL, by its own driver or by ODBC, a query runs in a reading transaction of
+/// its own while the host has none open, and behind a savepoint within the host's; both are gone when its rows are
+/// read.
 ///
-/// A connection that was lost is not opened again here, because what the host had set up in it would be missing: reading fails until the host
-/// has opened it.
+/// A connection that was lost is not opened again here, because what the host had set up in it would be missing:
+/// reading fails until the host has opened it.
 ///
-/// Use it on the thread of the connection, which for the dialogs is the user-interface thread.
+/// Use it on the thread of the connection, which for the dialogs is the user-interface thread: on another, `Dialect`
+/// and reading throw `EDatabaseError`.
 class ZULADS_EXPORT TAdsConnection {
  public:
   explicit TAdsConnection(QSqlDatabase Database);
@@ -43,6 +45,8 @@ class ZULADS_EXPORT TAdsConnection {
   std::unique_ptr<TCursor> OpenCursor(const std::string& Sql, std::span<const std::string> AllowedFunctions = {});
 
  private:
+  void RequireOwnThread() const;
+
   QSqlDatabase Database_;
 };
 

@@ -1,14 +1,16 @@
 #include "pickbase/uDocPickBase.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QPushButton>
+#include <QThread>
 #include <algorithm>
+#include <stdexcept>
 
 #include "ads/EDatabaseError.h"
 #include "ads/sql/ReadingOnly.h"
@@ -173,6 +175,16 @@ void TDocPickBase::ConnectEvents() {
   }
   // While rows are read, the please-wait window must stay alive.
   qryList_->OnProgress = [] { QCoreApplication::processEvents(); };
+}
+
+// Widgets cannot exist without a QApplication, which a QCoreApplication is not, nor on another thread than its own: Qt
+// would end the program over it, or crash later.
+void TDocPickBase::RequireUserInterface() {
+  const auto* Application = qobject_cast<QApplication*>(QCoreApplication::instance());
+  if (Application == nullptr) throw std::logic_error("A pick needs a QApplication.");
+  if (QThread::currentThread() != Application->thread()) {
+    throw std::logic_error("A pick must be called on the thread of the user interface.");
+  }
 }
 
 // The construction steps, on the complete object.

@@ -132,9 +132,11 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   TDocPickBase();
 
   /// What every static `Create` does: constructs the dialog from its arguments, then runs the construction steps on the
-  /// complete object.
+  /// complete object. Throws `std::logic_error`, before there is any widget, on another thread than that of the user
+  /// interface or without a QApplication.
   template <typename TDialog, typename... TArgs>
   static std::unique_ptr<TDialog> Construct(ads::TAdsConnection* Connection, TArgs&&... Args) {
+    RequireUserInterface();
     std::unique_ptr<TDialog> Dialog(new TDialog(std::forward<TArgs>(Args)...));
     TDocPickBase& Base = *Dialog;
     Base.Build(Connection);
@@ -203,6 +205,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void ReadSys();
   void FitList();
   void PlacePanels();
+  static void RequireUserInterface();
   void Build(ads::TAdsConnection* Connection);
   TQueryState QueryState() const;
   TQueryState CheckedState(const TPickChoices& Choices) const;
