@@ -71,10 +71,10 @@ std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql,
   const std::string Rewritten = Speech.Rewrite(Sql);
   if (sqlite3* Handle = SQLiteHandle(Database_)) {
     RegisterSQLiteFunctions(Handle);
-    return OpenSQLiteCursor(Handle, Rewritten);
+    return OpenSQLiteCursor(Database_, Rewritten);
   }
-  if (Server != nullptr) return OpenPostgreSQLCursor(Server, Rewritten);
-  if (void* Handle = ODBCHandle(Database_)) return OpenODBCCursor(Handle, Rewritten);
+  if (Server != nullptr) return OpenPostgreSQLCursor(Database_, Rewritten);
+  if (ODBCHandle(Database_) != nullptr) return OpenODBCCursor(Database_, Rewritten);
   return OpenQSqlCursor(Database_, Rewritten);
 }
 

@@ -16,10 +16,16 @@ namespace ads {
 /// How a server hands over one value.
 enum class TValueKind : std::uint8_t { Null, Integer, Real, Text };
 
-/// The rows of one running statement, read forward once. Destroying it ends the statement, whatever was read.
+/// The rows of one running statement, read forward once. Destroying it ends the statement, whatever was read, and does
+/// not touch what the host has closed meanwhile.
 class ZULADS_EXPORT TCursor {
  public:
   virtual ~TCursor();
+
+  /// Whether the connection is still the one on which the statement was run. To be asked whenever the host could have
+  /// closed it; when it has, the cursor can only be destroyed.
+  virtual bool IsConnected() const = 0;
+
   virtual int ColumnCount() const = 0;
   virtual std::string ColumnName(int Column) const = 0;
 
@@ -44,14 +50,14 @@ sqlite3* SQLiteHandle(const QSqlDatabase& Database);
 void RegisterSQLiteFunctions(sqlite3* Handle);
 
 /// Runs a rewritten statement through SQLite's C API.
-std::unique_ptr<TCursor> OpenSQLiteCursor(sqlite3* Handle, const std::string& Sql);
+std::unique_ptr<TCursor> OpenSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql);
 
 /// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one.
 pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
 
 /// Runs a rewritten statement through libpq, where the server refuses every write and nothing stays behind. A cursor that
 /// is still being read from the same connection first takes the rest of its rows into memory.
-std::unique_ptr<TCursor> OpenPostgreSQLCursor(pg_conn* Handle, const std::string& Sql);
+std::unique_ptr<TCursor> OpenPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql);
 
 /// The ODBC connection (a SQLHDBC) behind an open connection of Qt's ODBC driver; null when its driver is another one.
 void* ODBCHandle(const QSqlDatabase& Database);
@@ -61,7 +67,7 @@ enum class TODBCServer : std::uint8_t { PostgreSQL, SQLite, Other };
 TODBCServer ODBCServer(void* Handle);
 
 /// Runs a rewritten statement through ODBC; on PostgreSQL as `OpenPostgreSQLCursor` does.
-std::unique_ptr<TCursor> OpenODBCCursor(void* Handle, const std::string& Sql);
+std::unique_ptr<TCursor> OpenODBCCursor(const QSqlDatabase& Database, const std::string& Sql);
 
 /// Runs a rewritten statement through Qt's generic result.
 std::unique_ptr<TCursor> OpenQSqlCursor(const QSqlDatabase& Database, const std::string& Sql);

@@ -47,12 +47,12 @@ TAdsConnection& TDataSet::RequireConnection() const {
 int TDataSet::MaxRows() const { return std::numeric_limits<int>::max(); }
 
 void TDataSet::Open() {
-  const std::unique_ptr<TCursor> Cursor = OpenCursor();
-  Load(*Cursor);
+  Load(OpenCursor());
 }
 
-void TDataSet::Load(TCursor& Cursor) {
-  std::unique_ptr<TStore> Fresh = ReadAll(Cursor);
+void TDataSet::Load(std::unique_ptr<TCursor> Cursor) {
+  std::unique_ptr<TStore> Fresh = ReadAll(*Cursor);
+  Cursor.reset();
   Close();
   Store_ = std::move(Fresh);
   int Column = 0;
@@ -93,6 +93,9 @@ std::unique_ptr<TStore> TDataSet::ReadAll(TCursor& Cursor) {
     Fresh->AppendRow(Cursor, Sources);
     if (OnProgress && Fresh->RowCount() % RowsBetweenClockReads == 0 && TClock::now() - Told >= ProgressInterval) {
       OnProgress();
+      if (!Cursor.IsConnected()) {
+        throw EDatabaseError("The database connection was closed while rows were being read from it.");
+      }
       Told = TClock::now();
     }
   }

@@ -86,8 +86,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   /// Sets the calculated fields of the row that the dataset's fields read. Called when a calculated field is wanted, once a row that is read.
   std::function<void(TDataSet& Sender)> OnCalcFields;
 
-  /// Called about twenty times a second while rows are being read, between two of them. May run the event loop, but must not open or
-  /// close this dataset.
+  /// Called about twenty times a second while rows are being read, between two of them. May run the event loop, but
+  /// must not open or close this dataset. When the connection is closed in it, the reading fails.
   std::function<void()> OnProgress;
 
  Q_SIGNALS:
@@ -105,8 +105,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   /// The most rows that `Open` keeps.
   virtual int MaxRows() const;
 
-  /// Reads a cursor's rows into a new snapshot and makes it the dataset's.
-  void Load(TCursor& Cursor);
+  /// Reads a cursor's rows into a new snapshot and makes it the dataset's. The cursor is gone when that is told.
+  void Load(std::unique_ptr<TCursor> Cursor);
 
   TAdsConnection& RequireConnection() const;
 

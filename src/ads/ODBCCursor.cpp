@@ -70,11 +70,16 @@ class TStatementHandle {
       throw EDatabaseError(Diagnose(SQL_HANDLE_DBC, Connection).Message);
     }
   }
-  ~TStatementHandle() { SQLFreeHandle(SQL_HANDLE_STMT, Handle_); }
+  ~TStatementHandle() {
+    if (Handle_ != nullptr) SQLFreeHandle(SQL_HANDLE_STMT, Handle_);
+  }
   TStatementHandle(const TStatementHandle&) = delete;
   TStatementHandle& operator=(const TStatementHandle&) = delete;
 
   SQLHSTMT Get() const { return Handle_; }
+
+  /// The connection was closed, which has freed the statement.
+  void Abandon() { Handle_ = nullptr; }
 
   void Execute(const std::string& Sql) {
     const QString Text = QString::fromStdString(Sql);
@@ -148,9 +153,14 @@ class TPostgreSQLByODBC {
       throw;
     }
   }
-  ~TPostgreSQLByODBC() { End(); }
+  ~TPostgreSQLByODBC() {
+    if (Connection_ != nullptr) End();
+  }
   TPostgreSQLByODBC(const TPostgreSQLByODBC&) = delete;
   TPostgreSQLByODBC& operator=(const TPostgreSQLByODBC&) = delete;
+
+  /// The connection was closed, and the transaction with it.
+  void Abandon() { Connection_ = nullptr; }
 
   /// Throws what the server has to say about a text that it cannot take. The driver ends the host's transaction over a
   /// text that is no SQL at all, because its own savepoint, sent together with the text, fails with it; so the server
@@ -201,17 +211,26 @@ bool TakesWideTexts(SQLHDBC Connection) {
 
 class TODBCCursor final : public TCursor {
  public:
-  TODBCCursor(SQLHDBC Connection, const std::string& Sql) : Server_(ODBCServer(Connection)) {
-    if (Server_ == TODBCServer::PostgreSQL) Scope_.emplace(Connection).Check(Sql);
-    Statement_.emplace(Connection);
+  TODBCCursor(const QSqlDatabase& Database, const std::string& Sql)
+      : Database_(Database), Connection_(ODBCHandle(Database)), Server_(ODBCServer(Connection_)) {
+    if (Server_ == TODBCServer::PostgreSQL) Scope_.emplace(Connection_).Check(Sql);
+    Statement_.emplace(Connection_);
     if (Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
-        !TakesWideTexts(Connection)) {
+        !TakesWideTexts(Connection_)) {
       Statement_->ExecuteBytes(Sql);
     } else {
       Statement_->Execute(Sql);
     }
     Describe();
   }
+
+  ~TODBCCursor() override {
+    if (!IsConnected()) LetGo();
+  }
+  TODBCCursor(const TODBCCursor&) = delete;
+  TODBCCursor& operator=(const TODBCCursor&) = delete;
+
+  bool IsConnected() const override { return ODBCHandle(Database_) == Connection_; }
 
   int ColumnCount() const override { return static_cast<int>(Columns_.size()); }
   std::string ColumnName(int Column) const override { return Columns_[static_cast<std::size_t>(Column)].Name; }
@@ -234,6 +253,16 @@ class TODBCCursor final : public TCursor {
   }
 
  private:
+  // Ends what is left of a connection that the host has closed. Closing frees the statements of a connection, and the
+  // driver manager does not notice that one is used afterwards. SQLite's driver though does not close a connection
+  // under a running statement, and Qt's lets go of it all the same; it is closed here, behind the last statement.
+  void LetGo() {
+    if (Scope_) Scope_->Abandon();
+    if (Server_ != TODBCServer::SQLite) return Statement_->Abandon();
+    Statement_.reset();
+    if (Succeeded(SQLDisconnect(Connection_))) SQLFreeHandle(SQL_HANDLE_DBC, Connection_);
+  }
+
   struct TColumn {
     std::string Name;
     SQLSMALLINT Type = SQL_UNKNOWN_TYPE;
@@ -302,6 +331,8 @@ class TODBCCursor final : public TCursor {
     return HasValue;
   }
 
+  QSqlDatabase Database_;
+  SQLHDBC Connection_;
   TODBCServer Server_;
   std::optional<TPostgreSQLByODBC> Scope_;
   std::optional<TStatementHandle> Statement_;
@@ -330,8 +361,8 @@ TODBCServer ODBCServer(void* Handle) {
   return Server.starts_with("SQLite") ? TODBCServer::SQLite : TODBCServer::Other;
 }
 
-std::unique_ptr<TCursor> OpenODBCCursor(void* Handle, const std::string& Sql) {
-  return std::make_unique<TODBCCursor>(Handle, Sql);
+std::unique_ptr<TCursor> OpenODBCCursor(const QSqlDatabase& Database, const std::string& Sql) {
+  return std::make_unique<TODBCCursor>(Database, Sql);
 }
 
 }  // namespace ads

@@ -69,7 +69,8 @@ class TKeptRows {
 /// so is asked for again as text.
 class TPostgreSQLCursor final : public TCursor {
  public:
-  TPostgreSQLCursor(PGconn* Handle, const std::string& Sql) : Handle_(Handle) {
+  TPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql)
+      : Database_(Database), Handle_(PostgreSQLHandle(Database)), Process_(PQbackendPID(Handle_)) {
     Start(Sql, TFormat::Binary);
     if (std::find(Shapes_.begin(), Shapes_.end(), TPostgreSQLShape::Unreadable) != Shapes_.end()) {
       Finish();
@@ -81,6 +82,12 @@ class TPostgreSQLCursor final : public TCursor {
   ~TPostgreSQLCursor() override { Finish(); }
   TPostgreSQLCursor(const TPostgreSQLCursor&) = delete;
   TPostgreSQLCursor& operator=(const TPostgreSQLCursor&) = delete;
+
+  // A connection that was opened again may have the address of the one before, but another process on the server.
+  bool IsConnected() const override {
+    if (PostgreSQLHandle(Database_) != Handle_) return false;
+    return PQstatus(Handle_) != CONNECTION_OK || PQbackendPID(Handle_) == Process_;
+  }
 
   int ColumnCount() const override { return static_cast<int>(Names_.size()); }
   std::string ColumnName(int Column) const override { return Names_[static_cast<std::size_t>(Column)]; }
@@ -168,6 +175,10 @@ class TPostgreSQLCursor final : public TCursor {
   }
 
   void Finish() {
+    if (!IsConnected()) {
+      if (Answer_) Answer_->Abandon();
+      if (Scope_) Scope_->Abandon();
+    }
     Answer_.reset();
     Scope_.reset();
     const std::lock_guard Lock(Running().Mutex);
@@ -175,7 +186,9 @@ class TPostgreSQLCursor final : public TCursor {
     if (Found != Running().Cursors.end() && Found->second == this) Running().Cursors.erase(Found);
   }
 
+  QSqlDatabase Database_;
   PGconn* Handle_;
+  int Process_;  // the server's
   TFormat Format_ = TFormat::Binary;
   std::optional<TPostgreSQLScope> Scope_;
   std::optional<TPostgreSQLAnswer> Answer_;
@@ -199,9 +212,10 @@ pg_conn* PostgreSQLHandle(const QSqlDatabase& Database) {
   return *static_cast<PGconn* const*>(Handle.constData());
 }
 
-std::unique_ptr<TCursor> OpenPostgreSQLCursor(pg_conn* Handle, const std::string& Sql) {
-  if (TPostgreSQLCursor* Before = RunningOn(Handle)) Before->KeepTheRest();
-  return std::make_unique<TPostgreSQLCursor>(Handle, Sql);
+std::unique_ptr<TCursor> OpenPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql) {
+  TPostgreSQLCursor* Before = RunningOn(PostgreSQLHandle(Database));
+  if (Before != nullptr && Before->IsConnected()) Before->KeepTheRest();
+  return std::make_unique<TPostgreSQLCursor>(Database, Sql);
 }
 
 }  // namespace ads

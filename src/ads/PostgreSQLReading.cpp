@@ -54,6 +54,7 @@ TPostgreSQLScope::TPostgreSQLScope(PGconn* Handle, const std::string& Settings) 
 }
 
 TPostgreSQLScope::~TPostgreSQLScope() {
+  if (Handle_ == nullptr) return;
   switch (PQtransactionStatus(Handle_)) {
     case PQTRANS_INTRANS:
     case PQTRANS_INERROR:

@@ -22,6 +22,10 @@ class TPostgreSQLScope {
   /// or with what the server says.
   TPostgreSQLScope(PGconn* Handle, const std::string& Settings);
   ~TPostgreSQLScope();
+
+  /// The connection was closed, and the scope with it.
+  void Abandon() { Handle_ = nullptr; }
+
   TPostgreSQLScope(const TPostgreSQLScope&) = delete;
   TPostgreSQLScope& operator=(const TPostgreSQLScope&) = delete;
 
@@ -39,6 +43,10 @@ class TPostgreSQLAnswer {
   /// Sends a single statement. Throws `EDatabaseError`.
   TPostgreSQLAnswer(PGconn* Handle, const std::string& Sql, TFormat Format);
   ~TPostgreSQLAnswer();
+
+  /// The connection was closed, and the query with it.
+  void Abandon() { AtEnd_ = true; }
+
   TPostgreSQLAnswer(const TPostgreSQLAnswer&) = delete;
   TPostgreSQLAnswer& operator=(const TPostgreSQLAnswer&) = delete;
 

@@ -19,7 +19,7 @@ std::string MessageOf(const QSqlError& Error) {
 
 class TQSqlCursor final : public TCursor {
  public:
-  TQSqlCursor(const QSqlDatabase& Database, const std::string& Sql) : Query_(Database) {
+  TQSqlCursor(const QSqlDatabase& Database, const std::string& Sql) : Database_(Database), Query_(Database) {
     Query_.setForwardOnly(true);
     if (!Query_.exec(QString::fromStdString(Sql))) throw EDatabaseError(MessageOf(Query_.lastError()));
     if (!Query_.isSelect()) throw EDatabaseError("The query gives no rows.");
@@ -27,6 +27,7 @@ class TQSqlCursor final : public TCursor {
     Texts_.resize(static_cast<std::size_t>(Record_.count()));
   }
 
+  bool IsConnected() const override { return Database_.isOpen(); }
   int ColumnCount() const override { return Record_.count(); }
   std::string ColumnName(int Column) const override { return Record_.fieldName(Column).toStdString(); }
   bool Next() override {
@@ -72,6 +73,7 @@ class TQSqlCursor final : public TCursor {
   }
 
  private:
+  QSqlDatabase Database_;
   QSqlQuery Query_;
   QSqlRecord Record_;
   std::vector<std::string> Texts_;

@@ -67,6 +67,12 @@ void Forget(void* Handle) {
   Registered().Handles.erase(static_cast<sqlite3*>(Handle));
 }
 
+// Whether a connection to which the functions were given has not been closed since.
+bool IsRegistered(sqlite3* Handle) {
+  const std::lock_guard Lock(Registered().Mutex);
+  return Registered().Handles.contains(Handle);
+}
+
 // Qt's driver may bring a SQLite of its own; a handle of that one must not reach the functions of another.
 void RequireSameLibrary(const QSqlDatabase& Database) {
   static const std::string Theirs = [&] {
@@ -80,16 +86,24 @@ void RequireSameLibrary(const QSqlDatabase& Database) {
 
 class TSQLiteCursor final : public TCursor {
  public:
-  TSQLiteCursor(sqlite3* Handle, const std::string& Sql) : Handle_(Handle) {
+  TSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql)
+      : Database_(Database), Handle_(SQLiteHandle(Database)) {
     const char* Tail = nullptr;
-    const int Result = sqlite3_prepare_v2(Handle, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
-    if (Result != SQLITE_OK) Fail(Handle);
+    const int Result = sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
+    if (Result != SQLITE_OK) Fail(Handle_);
     if (Statement_ == nullptr || Tail != Sql.data() + Sql.size()) Refuse("The query is not one single statement.");
     if (sqlite3_stmt_readonly(Statement_) == 0) Refuse("The query does not only read.");
   }
-  ~TSQLiteCursor() override { sqlite3_finalize(Statement_); }
+  ~TSQLiteCursor() override {
+    sqlite3_finalize(Statement_);
+    if (!IsConnected() && IsRegistered(Handle_)) sqlite3_close(Handle_);
+  }
   TSQLiteCursor(const TSQLiteCursor&) = delete;
   TSQLiteCursor& operator=(const TSQLiteCursor&) = delete;
+
+  // SQLite does not close a connection under a running statement, so that the handle is this one's as long as it lives;
+  // Qt's driver, which has let go of it by then, would leave it open for good.
+  bool IsConnected() const override { return SQLiteHandle(Database_) == Handle_; }
 
   int ColumnCount() const override { return sqlite3_column_count(Statement_); }
   std::string ColumnName(int Column) const override {
@@ -129,6 +143,7 @@ class TSQLiteCursor final : public TCursor {
     throw EDatabaseError(Why);
   }
 
+  QSqlDatabase Database_;
   sqlite3* Handle_;
   sqlite3_stmt* Statement_ = nullptr;
 };
@@ -157,8 +172,8 @@ void RegisterSQLiteFunctions(sqlite3* Handle) {
   }
 }
 
-std::unique_ptr<TCursor> OpenSQLiteCursor(sqlite3* Handle, const std::string& Sql) {
-  return std::make_unique<TSQLiteCursor>(Handle, Sql);
+std::unique_ptr<TCursor> OpenSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql) {
+  return std::make_unique<TSQLiteCursor>(Database, Sql);
 }
 
 }  // namespace ads

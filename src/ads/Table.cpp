@@ -49,8 +49,7 @@ bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Ke
 bool TAdsTable::FindLiteral(const std::string& Literal) {
   if (!Active()) throw EDatabaseError("Table " + TableName_ + " is not open.");
   if (KeyColumn_.empty()) throw EDatabaseError("Table " + TableName_ + " has no index to find a key with.");
-  const auto Cursor = OpenFirst(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal);
-  Load(*Cursor);
+  Load(OpenFirst(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal));
   return !IsEmpty();
 }
 

@@ -21,6 +21,8 @@ std::string MessageOf(const std::function<void()>& Body) {
 
 constexpr char Lost[] = "The connection to the database is lost; it must be opened again before lists can be read.";
 
+constexpr char Closed[] = "The database connection was closed while rows were being read from it.";
+
 #define VERIFY_CONTAINS(Text, Part) QVERIFY2((Text).find(Part) != std::string::npos, (Text).c_str())
 
 }  // namespace
@@ -67,6 +69,22 @@ class tst_BadDays : public QObject {
     QCOMPARE(List_->RecordCount(), Count);
     QCOMPARE(Zip_->AsString(), First);
   }
+
+  // Reads very many rows, in the midst of which the host does something, once.
+  std::string ReadLong(const std::function<void()>& HostDoes) {
+    ads::TAdsQuery Long(nullptr);
+    Long.SetConnection(Company_->Connection());
+    Long.AddField("ID", ads::TFieldType::ftString, 6);
+    Long.SQL()->Add("SELECT A.ID FROM Cust A, Cust B");
+    bool Done = false;
+    Long.OnProgress = [&] {
+      if (!std::exchange(Done, true)) HostDoes();
+    };
+    const std::string Message = MessageOf([&] { Long.Open(); });
+    return Done && !Long.Active() ? Message : "the rows were read to their end";
+  }
+
+  static qsizetype OpenFiles() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
 
   // What the host does to be connected again.
   void OpenAgain() {
@@ -131,6 +149,50 @@ class tst_BadDays : public QObject {
     QVERIFY(Calls >= 2);
     QVERIFY(!Long.Active());
     VERIFY_CONTAINS(Reopen(), Lost);
+    OpenAgain();
+  }
+
+  void shouldSayThatTheHostClosedTheConnectionInTheMidstOfTheRows_data() { AddBackends(false); }
+  void shouldSayThatTheHostClosedTheConnectionInTheMidstOfTheRows() {
+    const QByteArray Options[] = {"UseDeclareFetch=0;StepAPI=0", "UseDeclareFetch=1;StepAPI=1"};
+    for (const QByteArray& Option : Options) {
+      for (const bool ReopensAtOnce : {false, true}) {
+        if (!Open(Option)) return;
+        const int Count = List_->RecordCount();
+        const std::string First = Zip_->AsString();
+        const qsizetype Files = OpenFiles();
+        const auto Close = [&] {
+          Company_->Database().close();
+          if (ReopensAtOnce) QVERIFY(Company_->Database().open());
+        };
+        QCOMPARE(ReadLong(Close), std::string(Closed));
+        KeepsItsRows(Count, First);
+        if (!ReopensAtOnce) QCOMPARE(Reopen(), std::string("The database connection is not open."));
+        OpenAgain();
+        QCOMPARE(OpenFiles(), Files);
+      }
+    }
+  }
+
+  void shouldSayThatTheHostRemovedTheConnectionInTheMidstOfTheRows_data() { AddBackends(false); }
+  void shouldSayThatTheHostRemovedTheConnectionInTheMidstOfTheRows() {
+    if (!Open()) return;
+    const auto Remove = [this] {
+      QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is still in use, all queries will cease to work"));
+      QSqlDatabase::removeDatabase(Company_->Database().connectionName());
+    };
+    QCOMPARE(ReadLong(Remove), std::string(Closed));
+    QCOMPARE(Reopen(), std::string("The database connection is not open."));
+  }
+
+  // The inner list ends first, and its failure is not the outer one's.
+  void shouldSayThatTheHostClosedTheConnectionUnderTwoLists_data() { AddBackends(false); }
+  void shouldSayThatTheHostClosedTheConnectionUnderTwoLists() {
+    if (!Open()) return;
+    std::string Inner;
+    const std::string Outer = ReadLong([&] { Inner = ReadLong([&] { Company_->Database().close(); }); });
+    QCOMPARE(Inner, std::string(Closed));
+    QCOMPARE(Outer, std::string(Closed));
     OpenAgain();
   }
 
