@@ -39,10 +39,14 @@ class tst_PickListsUtils : public QObject {
     }
     ~TGrid() { Grid.SetDataSet(nullptr); }
 
-    QImage CellImage(int Row) {
+    QImage ViewportImage() {
       Grid.show();
-      const QRect Cell = Grid.visualRect(Grid.model()->index(Row, 1));
-      return Grid.viewport()->grab(Cell).toImage().convertToFormat(QImage::Format_RGB32);
+      return Grid.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
+    // The grid is laid out when it is shown, so the picture comes first.
+    QImage CellImage(int Row) {
+      const QImage Shown = ViewportImage();
+      return Shown.copy(Grid.visualRect(Grid.model()->index(Row, 1)));
     }
     static int Count(const QImage& Image, QRgb Colour) {
       int Found = 0;
@@ -50,14 +54,6 @@ class tst_PickListsUtils : public QObject {
         for (int X = 0; X < Image.width(); ++X) Found += Image.pixel(X, Y) == Colour ? 1 : 0;
       }
       return Found;
-    }
-    static int FirstColumn(const QImage& Image, QRgb Colour) {
-      for (int X = 0; X < Image.width(); ++X) {
-        for (int Y = 0; Y < Image.height(); ++Y) {
-          if (Image.pixel(X, Y) == Colour) return X;
-        }
-      }
-      return -1;
     }
 
     ads::TAdsQuery Query;
@@ -137,16 +133,51 @@ class tst_PickListsUtils : public QObject {
     QVERIFY(TGrid::Count(Grid.CellImage(1), qRgb(0, 0, 0)) > 8);
   }
 
+  void shouldPlaceTheTickByTheColumnsAlignment_data() {
+    QTest::addColumn<int>("Alignment");
+    QTest::addColumn<QSize>("Cell");
+    QTest::addColumn<QPoint>("Place");
+    const auto Add = [](const char* Name, TAlignment Alignment, QSize Cell, QPoint Place) {
+      QTest::newRow(Name) << static_cast<int>(Alignment) << Cell << Place;
+    };
+    // Half the cell less half the image of 11 by 17, each half truncated.
+    Add("left", TAlignment::taLeftJustify, {40, 20}, {0, 2});
+    Add("centred", TAlignment::taCenter, {40, 20}, {15, 2});
+    Add("right", TAlignment::taRightJustify, {40, 20}, {29, 2});
+    Add("left, odd", TAlignment::taLeftJustify, {41, 21}, {0, 2});
+    Add("centred, odd", TAlignment::taCenter, {41, 21}, {15, 2});
+    Add("right, odd", TAlignment::taRightJustify, {41, 21}, {30, 2});
+    Add("centred, higher", TAlignment::taCenter, {42, 30}, {16, 7});
+    Add("centred, narrow", TAlignment::taCenter, {16, 18}, {3, 1});
+    Add("centred, smaller than the image", TAlignment::taCenter, {8, 14}, {-1, -1});
+  }
   void shouldPlaceTheTickByTheColumnsAlignment() {
+    QFETCH(int, Alignment);
+    QFETCH(QSize, Cell);
+    QFETCH(QPoint, Place);
     TGrid Grid(Connection.get());
-    Grid.Column->SetAlignment(TAlignment::taLeftJustify);
-    const int Left = TGrid::FirstColumn(Grid.CellImage(1), qRgb(0, 0, 0));
-    Grid.Column->SetAlignment(TAlignment::taCenter);
-    const int Centre = TGrid::FirstColumn(Grid.CellImage(1), qRgb(0, 0, 0));
-    Grid.Column->SetAlignment(TAlignment::taRightJustify);
-    const int Right = TGrid::FirstColumn(Grid.CellImage(1), qRgb(0, 0, 0));
-    QCOMPARE(Centre - Left, 40 / 2 - 11 / 2);
-    QCOMPARE(Right - Left, 40 - 11);
+    Grid.Column->SetAlignment(static_cast<TAlignment>(Alignment));
+    Grid.Grid.setShowGrid(false);
+    // The only cell that is painted, of a size that the grid itself would not give it.
+    const QRect Rect(QPoint(60, 40), Cell);
+    Grid.Grid.OnDrawColumnCell = [&](TDBGrid* Sender, const QRect&, int DataCol, TColumn* Column,
+                                     toolkit::TGridDrawState State) {
+      if (Column != Grid.Column || !Grid.Flag->AsBoolean()) return;
+      Sender->Canvas()->setClipping(false);
+      GridPaint(Sender, Rect, DataCol, Column, State);
+    };
+    const QImage Shown = Grid.ViewportImage();
+    QImage Expected(Shown.size(), QImage::Format_RGB32);
+    Expected.fill(Grid.Grid.palette().color(QPalette::Base));
+    const QImage Tick(":/zul/frame/PICKTICK.bmp");
+    for (int Y = 0; Y < Tick.height(); ++Y) {
+      for (int X = 0; X < Tick.width(); ++X) {
+        if (Tick.pixel(X, Y) == qRgb(255, 0, 255)) continue;
+        Expected.setPixel(Rect.topLeft() + Place + QPoint(X, Y), Tick.pixel(X, Y));
+      }
+    }
+    const QRect Around = Rect.adjusted(-12, -12, 12, 12);
+    QCOMPARE(Shown.copy(Around), Expected.copy(Around));
   }
 
   void shouldPaintABooleanWithADisplayTextAsText() {
