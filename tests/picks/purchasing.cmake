@@ -1,4 +1,4 @@
-zul_test(tst_POIcons LIBS ZUL::PickLists)
+zul_test(tst_POIcons LIBS zultestsupport)
 zul_test(tst_PickPO LIBS zultestsupport SQLite::SQLite3)
 zul_test(tst_PickPOVariants LIBS zultestsupport SQLite::SQLite3)
 zul_test(tst_PickMultiPOs LIBS zultestsupport SQLite::SQLite3)

@@ -5,6 +5,7 @@
 #include "pickbase/IconCell.h"
 #include "picks/purchasing/POIcons.h"
 #include "picks/purchasing/POStates.h"
+#include "support/Pictures.h"
 
 using purchasing::FirstOverlay;
 using toolkit::TGridDrawState;
@@ -101,6 +102,36 @@ class tst_POIcons : public QObject {
     QCOMPARE(FirstOverlay, States);
     QCOMPARE(purchasing::TypeIcons().Count(), Types);
     QCOMPARE(purchasing::TypeIcons().Size(), QSize(16, 16));
+  }
+
+  void shouldDrawWhatTheStateMeans_data() {
+    QTest::addColumn<int>("Picture");
+    QTest::newRow("order-unposted") << purchasing::StatePicture({});
+    QTest::newRow("order-posted") << purchasing::StatePicture({.Posted = true});
+    QTest::newRow("order-receipted") << purchasing::StatePicture({.Receipted = true});
+    QTest::newRow("order-closed") << purchasing::StatePicture({.Closed = true, .Receipted = true});
+    QTest::newRow("order-paid") << purchasing::StatePicture({.Paid = true});
+    QTest::newRow("order-cancelled") << purchasing::StatePicture({.Cancelled = true});
+  }
+  void shouldDrawWhatTheStateMeans() {
+    QFETCH(int, Picture);
+    const QImage Painted = Shown(purchasing::OrderIcons(), {Picture}, Qt::transparent);
+    QVERIFY(support::LooksLikeKept(Painted, QTest::currentDataTag()));
+  }
+
+  void shouldDrawWhatTheTypeMeans_data() {
+    QTest::addColumn<QString>("Type");
+    QTest::newRow("stock") << "S";
+    QTest::newRow("customer") << "P";
+    QTest::newRow("several-documents") << "M";
+  }
+  void shouldDrawWhatTheTypeMeans() {
+    QFETCH(QString, Type);
+    const int Picture = purchasing::TypePicture(Type.toStdString());
+    const QString Name = QTest::currentDataTag();
+    const QImage Small = Shown(purchasing::OrderIcons(), {FirstOverlay + Picture}, Qt::transparent);
+    QVERIFY(support::LooksLikeKept(Small, "over-order-" + Name));
+    QVERIFY(support::LooksLikeKept(Shown(purchasing::TypeIcons(), {Picture}, Qt::transparent), "type-" + Name));
   }
 
   // A type's light rim may be cut off at the cell's edge, a picture's own ink may not.

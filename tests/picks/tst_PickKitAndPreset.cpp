@@ -10,6 +10,7 @@
 #include "picks/stock/uPickItemPresetDetail.h"
 #include "picks/stock/uPickKitDetail.h"
 #include "support/NumberedTexts.h"
+#include "support/Pictures.h"
 
 using namespace picks;
 using namespace support;
@@ -25,6 +26,10 @@ namespace {
 
 constexpr int IconColumn = 1;
 constexpr int Side = 15;
+
+// The item types by their numbers, as their kept pictures are named.
+constexpr const char* TypeNames[] = {"item-stock", "item-non-stock", "item-service", "item-labour",
+                                     "item-kit",   "item-preset",    "item-comment"};
 
 // Options whose items are of each type, of types that there are not, without a type, and one whose item is gone. The
 // same ones for a kit and for a preset's line.
@@ -75,21 +80,6 @@ QImage IconShown(TDocPickBase& Dialog, int Row) {
 QRgb ShownAt(TDocPickBase& Dialog, int Row, int Column, QPoint At) {
   const QRect Cell = Dialog.dbgAvail->visualRect(Dialog.dbgAvail->model()->index(Row, Column));
   return Dialog.dbgAvail->viewport()->grab().toImage().pixel(Cell.topLeft() + At);
-}
-
-// The same but for the rounding of half-covered pixels, which depends on where on the screen they are.
-bool LooksLike(const QImage& A, const QImage& B) {
-  const auto Near = [](int One, int Other) { return std::abs(One - Other) <= 24; };
-  for (int Y = 0; Y < B.height(); ++Y) {
-    for (int X = 0; X < B.width(); ++X) {
-      const QRgb One = A.pixel(X, Y);
-      const QRgb Other = B.pixel(X, Y);
-      if (!Near(qRed(One), qRed(Other)) || !Near(qGreen(One), qGreen(Other)) || !Near(qBlue(One), qBlue(Other))) {
-        return false;
-      }
-    }
-  }
-  return A.size() == B.size();
 }
 
 int DifferentPixels(const QImage& A, const QImage& B) {
@@ -157,6 +147,7 @@ class tst_PickKitAndPreset : public QObject {
   void shouldDrawSevenPicturesThatDiffer_data();
   void shouldDrawSevenPicturesThatDiffer();
   void shouldKeepThePicturesWithinTheirSize();
+  void shouldDrawWhatTheTypeMeans();
 
  private:
   static void AddNumbers();
@@ -308,7 +299,8 @@ void tst_PickKitAndPreset::shouldShowThePictureOfEachType() {
               Dialog.qryList_->Locate("Item", "TN");
               for (int Type = 0; Type < 7; ++Type) {
                 const int Row = RowOf(Dialog, "T" + std::to_string(Type));
-                QVERIFY(LooksLike(IconShown(Dialog, Row), Painted(Type, Palette(Dialog).color(QPalette::Base))));
+                const QColor Behind = Palette(Dialog).color(QPalette::Base);
+                QVERIFY2(LooksLike(IconShown(Dialog, Row), KeptPictures({TypeNames[Type]}, Behind)), TypeNames[Type]);
               }
             });
 }
@@ -569,6 +561,17 @@ void tst_PickKitAndPreset::shouldKeepThePicturesWithinTheirSize() {
     for (int Y = 0; Y < Image.height(); ++Y) {
       for (int X = 0; X < Image.width(); ++X) QVERIFY(qAlpha(Image.pixel(X, Y)) < 40);
     }
+  }
+}
+
+void tst_PickKitAndPreset::shouldDrawWhatTheTypeMeans() {
+  for (int Type = 0; Type < 7; ++Type) {
+    QImage Painted(Side, Side, QImage::Format_ARGB32_Premultiplied);
+    Painted.fill(Qt::transparent);
+    QPainter Painter(&Painted);
+    stock::ItemTypeIcons().Draw(Painter, 0, 0, Type);
+    Painter.end();
+    QVERIFY2(LooksLikeKept(Painted, TypeNames[Type]), TypeNames[Type]);
   }
 }
 

@@ -7,6 +7,7 @@
 #include "picks/PurchaseOrders.h"
 #include "picks/purchasing/uPickMultiPOs.h"
 #include "support/NumberedTexts.h"
+#include "support/Pictures.h"
 #include "toolkit/Formats.h"
 #include "zulcommon/EZULException.h"
 
@@ -70,6 +71,7 @@ class tst_PickMultiPOs : public QObject {
   void shouldListOrdersWithoutACustomer();
   void shouldShowTheTypeWhateverTheFlags();
   void shouldPaintOneIcon();
+  void shouldShowWhatAnOrderIsFor();
   void shouldFillTheListInTheOrderOfTheRows();
   void shouldReplaceWhatTheListHeld();
   void shouldStayOnTheCurrentRow();
@@ -214,6 +216,24 @@ void tst_PickMultiPOs::shouldPaintOneIcon() {
           Painter.setClipRect(0, 2, 15, 15);
           for (const int Picture : Pictures[static_cast<std::size_t>(Row)]) Dialog.imIcons.Draw(Painter, 0, 2, Picture);
           QCOMPARE(CellImage(Dialog, Row, Dialog.qryList_IMIndex), Expected);
+        }
+      });
+}
+
+void tst_PickMultiPOs::shouldShowWhatAnOrderIsFor() {
+  TTestCompany Company(TTestCompany::TRows::None);
+  AddFiveOrders(Company);
+  TStringList List;
+  TStringList* Picked = &List;
+  support::DrivePickAs<TfrmPickMultiPOs>(
+      [&] { return CallPickMutliPO(Company.Connection(), {}, {}, Picked); },
+      [](TfrmPickMultiPOs& Dialog) {
+        const QColor Behind = Dialog.dbgAvail->palette().color(QPalette::Base);
+        const QStringList Expected{"type-customer", "type-several-documents", "type-stock"};
+        for (int Row = 1; Row <= 3; ++Row) {
+          const QImage Icon = CellImage(Dialog, Row, Dialog.qryList_IMIndex).copy(0, 2, 15, 15);
+          const QString& Name = Expected[Row - 1];
+          QVERIFY2(support::LooksLike(Icon, support::KeptPictures({Name}, Behind)), qPrintable(Name));
         }
       });
 }

@@ -7,6 +7,7 @@
 #include "picks/PurchaseOrders.h"
 #include "picks/purchasing/uPickAnyPO.h"
 #include "support/NumberedTexts.h"
+#include "support/Pictures.h"
 #include "toolkit/Formats.h"
 #include "zulcommon/EZULException.h"
 
@@ -141,6 +142,7 @@ class tst_PickPO : public QObject {
   void shouldKeepTheTaxThroughANewSearch();
   void shouldMakeRoomForALongerTitle();
   void shouldPaintTheIconOverThePlainCell();
+  void shouldShowWhatHasBecomeOfAnOrderAndWhatItIsFor();
   void shouldPaintNoIconWithoutANumber();
   void shouldKeepTheListWhenTheDateIsWrong();
   void shouldNotCheckABlankDate();
@@ -511,6 +513,42 @@ void tst_PickPO::shouldPaintTheIconOverThePlainCell() {
                                      QTest::keyClick(Dialog.dbgAvail, Qt::Key_Down);
                                      QCOMPARE(Icon(0), ExpectedIcon(Dialog, {1, 7}, QPalette::Base));
                                      QCOMPARE(Icon(1), ExpectedIcon(Dialog, {4, 8}, QPalette::Highlight));
+                                   });
+}
+
+void tst_PickPO::shouldShowWhatHasBecomeOfAnOrderAndWhatItIsFor() {
+  TTestCompany Company(TTestCompany::TRows::None);
+  AddParties(Company);
+  AddOrder(Company, {{"Number", "100"}});  // selected
+  const QMap<QString, QString> Flags{{"order-posted", "Posted"},
+                                     {"order-receipted", "POReceipt"},
+                                     {"order-paid", "APDocket"},
+                                     {"order-cancelled", "Canceled"}};
+  const QMap<QString, QString> Types{
+      {"over-order-stock", "S"}, {"over-order-customer", "P"}, {"over-order-several-documents", "M"}};
+  QList<QStringList> Expected;
+  for (const QString State :
+       {"order-unposted", "order-posted", "order-receipted", "order-closed", "order-paid", "order-cancelled"}) {
+    for (const QString& Type : Types.keys()) {
+      Expected.append({State, Type});
+      QVariantMap Order{{"Number", QString::number(100 + Expected.size())}, {"Type", Types[Type]}};
+      if (Flags.contains(State)) Order[Flags[State]] = true;
+      if (State == "order-closed") Order.insert({{"POReceipt", true}, {"Closed", true}});
+      AddOrder(Company, Order);
+    }
+  }
+  std::string Number;
+  support::DrivePickAs<TfrmPickPO>([&] { return CallPickPO(Company.Connection(), {}, {}, Number, ""); },
+                                   [&](TfrmPickPO& Dialog) {
+                                     const QColor Behind = Dialog.dbgAvail->palette().color(QPalette::Base);
+                                     for (int Row = 0; Row < Expected.size(); ++Row) {
+                                       const QModelIndex Cell = Dialog.dbgAvail->model()->index(Row + 1, 1);
+                                       Dialog.dbgAvail->scrollTo(Cell);
+                                       const QImage Icon =
+                                           CellImage(Dialog, Row + 1, Dialog.qryList_IMIndex).copy(0, 2, 15, 15);
+                                       QVERIFY2(support::LooksLike(Icon, support::KeptPictures(Expected[Row], Behind)),
+                                                qPrintable(Expected[Row].join(", ")));
+                                     }
                                    });
 }
 
