@@ -124,6 +124,8 @@ class tst_PickKitAndPreset : public QObject {
   void shouldShowThePictureOfEachType();
   void shouldShowNoPictureForAnItemThatIsGone_data() { AddBoth(); }
   void shouldShowNoPictureForAnItemThatIsGone();
+  void shouldShowNoPictureForABlankItem_data() { AddBoth(); }
+  void shouldShowNoPictureForABlankItem();
   void shouldHighlightThePictureWhileTheGridHasTheFocus();
   void shouldTickTheDefaultOption();
   void shouldStandOnTheDefaultOption_data() { AddBoth(); }
@@ -322,6 +324,30 @@ void tst_PickKitAndPreset::shouldShowNoPictureForAnItemThatIsGone() {
               ClickOK(Dialog);
             });
   QCOMPARE(Code, std::string("gone"));
+}
+
+// Even when there is an item of that code, with a type.
+void tst_PickKitAndPreset::shouldShowNoPictureForABlankItem() {
+  QFETCH(bool, Kit);
+  TCompanyWithOptions Company;
+  Company.Execute("INSERT INTO Item (Item, \"Desc\", Type) VALUES ('', 'x empty', 3), ('  ', 'y blank', 3)");
+  Company.Execute("INSERT INTO KitDetails (KitID, Item, \"Default\") VALUES (2, '', 0), (2, '  ', 0)");
+  Company.Execute("INSERT INTO PresetOptions (LineID, Item, \"Default\") VALUES (2, '', 0), (2, '  ', 0)");
+  std::string Code;
+  DrivePick([&] { return Company.Pick(Kit, 2, Code); },
+            [](TDocPickBase& Dialog) {
+              const int Empty = RowOf(Dialog, "");
+              const int Blank = RowOf(Dialog, "  ");
+              QCOMPARE(Dialog.qryList_->RecordCount(), 4);
+              const auto Types = Column(Dialog, "Type");
+              QCOMPARE(Types[static_cast<std::size_t>(Empty)], std::string("3"));
+              QCOMPARE(Types[static_cast<std::size_t>(Blank)], std::string("3"));
+              QCOMPARE(Column(Dialog, "TypeIndex")[static_cast<std::size_t>(Empty)], std::string());
+              QImage Nothing(Side, Side, QImage::Format_RGB32);
+              Nothing.fill(Palette(Dialog).color(QPalette::Base));
+              QCOMPARE(IconShown(Dialog, Empty), Nothing);
+              QCOMPARE(IconShown(Dialog, Blank), Nothing);
+            });
 }
 
 // The row's own colour is shown as long as the grid has the focus; else the picture keeps the grid's behind it.
