@@ -1,7 +1,12 @@
-// The pick functions as hosts link to them: each under its name, with its parameters, exported by the module.
+// The pick functions as hosts link to them: each under its name, with its parameters, exported by the module. And what
+// holds for each of the dialogs.
 #include <cxxabi.h>
 #include <dlfcn.h>
 
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <cstdlib>
 #include <memory>
@@ -53,6 +58,9 @@
 #include "picks/stock/uPickItemPresetDetail.h"
 #include "picks/stock/uPickKitDetail.h"
 #include "picks/stock/uPickLocation.h"
+#include "servers/EveryDialog.h"
+#include "support/PickDriver.h"
+#include "support/TestCompany.h"
 
 using ads::TAdsConnection;
 using toolkit::TStringList;
@@ -198,6 +206,27 @@ Dl_info SymbolOf(const TExport& Export) {
   return dladdr(Export.Address, &Info) != 0 ? Info : Dl_info{};
 }
 
+// Check boxes besides the descending one that are shown, from the top to the bottom.
+QStringList OwnBoxes(const uDocPickBase::TDocPickBase& Dialog) {
+  QList<QCheckBox*> Boxes = Dialog.pnlForm->findChildren<QCheckBox*>();
+  Boxes.removeIf([&](const QCheckBox* Box) { return Box == Dialog.ckbDesc || !Box->isVisible(); });
+  std::sort(Boxes.begin(), Boxes.end(), [](const QCheckBox* A, const QCheckBox* B) { return A->y() < B->y(); });
+  QStringList Names;
+  for (const QCheckBox* Box : Boxes) Names.append(Box->objectName());
+  return Names;
+}
+
+// What the Tab key leads to, from the list round to it again.
+QStringList TabStops(const uDocPickBase::TDocPickBase& Dialog) {
+  QStringList Names;
+  Dialog.dbgAvail->setFocus();
+  do {
+    Names.append(Dialog.focusWidget()->objectName());
+    QTest::keyClick(Dialog.focusWidget(), Qt::Key_Tab);
+  } while (Dialog.focusWidget() != Dialog.dbgAvail && Names.size() < 20);
+  return Names;
+}
+
 }  // namespace
 
 class tst_AllPicks : public QObject {
@@ -207,6 +236,8 @@ class tst_AllPicks : public QObject {
   void shouldBeExported_data();
   void shouldBeExported();
   void shouldExportTheEntries();
+  void shouldBeWalkedByTab_data();
+  void shouldBeWalkedByTab();
 };
 
 void tst_AllPicks::shouldBeAllOfThem() {
@@ -249,5 +280,31 @@ void tst_AllPicks::shouldExportTheEntries() {
   dlclose(Module);
 }
 
-QTEST_GUILESS_MAIN(tst_AllPicks)
+void tst_AllPicks::shouldBeWalkedByTab_data() {
+  QTest::addColumn<int>("Index");
+  int Index = 0;
+  for (const support::TSampleDialog& Sample : support::EveryDialog()) QTest::newRow(Sample.Name.c_str()) << Index++;
+}
+
+// As it reads from the top to the bottom: the list, the find box, the choices, the boxes, the buttons.
+void tst_AllPicks::shouldBeWalkedByTab() {
+  QFETCH(int, Index);
+  support::TTestCompany Company;
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company.Connection());
+  support::DrivePick([&] { return Dialog->ShowPick(); },
+                     [&](uDocPickBase::TDocPickBase&) {
+                       QStringList Expected{"dbgAvail"};
+                       if (Dialog->edFind->isVisible()) Expected.append("edFind");
+                       for (const toolkit::TRadioGroup* Group : {Dialog->rgFindBy, Dialog->rgOrderBy}) {
+                         if (Group->isVisible()) Expected.append(Group->Button(Group->ItemIndex())->objectName());
+                       }
+                       if (Dialog->ckbDesc->isVisible()) Expected.append("ckbDesc");
+                       Expected.append(OwnBoxes(*Dialog));
+                       if (Dialog->bbnOK->isEnabled()) Expected.append("bbnOK");
+                       Expected.append("bbnCancel");
+                       QCOMPARE(TabStops(*Dialog), Expected);
+                     });
+}
+
+QTEST_MAIN(tst_AllPicks)
 #include "tst_AllPicks.moc"
