@@ -11,8 +11,7 @@ namespace support {
 
 namespace {
 
-constexpr char SQLiteODBC[] = "SQLite3";  // the names under which the packages register their ODBC drivers
-constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";
+constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";  // the name under which its package registers the driver
 
 QString DriverOf(TBackendKind Kind) {
   switch (Kind) {
@@ -136,7 +135,7 @@ QSqlDatabase TBackends::Connect(TBackendKind Kind, const QString& Name, const QS
       Database.setUserName(Account);
       break;
     case TBackendKind::ODBCSQLite:
-      Database.setDatabaseName(QStringLiteral("DRIVER={%1};Database=%2;%3").arg(SQLiteODBC, Name, Options));
+      Database.setDatabaseName(QStringLiteral("DRIVER=%1;Database=%2;%3").arg(SQLiteDriver_, Name, Options));
       break;
     case TBackendKind::ODBCPostgreSQL:
       Database.setDatabaseName(QStringLiteral("DRIVER={%1};Servername=%2;Database=%3;Uid=%4;%5")

@@ -81,6 +81,9 @@ class TBackends {
 
   TThrowawayPostgreSQL& Server() { return *Server_; }
 
+  /// From here on SQLite is reached by ODBC through another driver, which is SQLite's in the end; named by its file.
+  void UseSQLiteDriver(const QString& FileName) { SQLiteDriver_ = FileName; }
+
  private:
   QString CompanyFile();
   QString NewServerDatabase();
@@ -88,6 +91,7 @@ class TBackends {
 
   QTemporaryDir Folder_;
   std::unique_ptr<TThrowawayPostgreSQL> Server_;
+  QString SQLiteDriver_ = QStringLiteral("{SQLite3}");  // as its package registers it
   int Databases_ = 0;
 };
 

@@ -1,5 +1,4 @@
 #include <QCheckBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
@@ -8,7 +7,9 @@
 #include "ads/Values.h"
 #include "picks/parties/uPickCustomer.h"
 #include "servers/Backends.h"
+#include "servers/Watch.h"
 
+using support::Contents;
 using support::TBackend;
 using support::TBackendKind;
 using uPickCustomer::TfrmPickCustomer;
@@ -28,26 +29,6 @@ constexpr const char* Attempts[] = {"x'; DELETE FROM Cust; --",
                                     "%' ; UPDATE Cust SET Inactive = TRUE; --",
                                     "?; DELETE FROM Cust",
                                     "{fn DELETE FROM Cust}"};
-
-// Everything that is stored, as a text that changes with it.
-QString Contents(const TBackend& Backend) {
-  if (!support::IsOnPostgreSQL(Backend.Kind())) {
-    QFile File(Backend.Beside().databaseName());
-    return File.open(QIODevice::ReadOnly)
-               ? QString::fromLatin1(QCryptographicHash::hash(File.readAll(), QCryptographicHash::Sha1).toHex())
-               : QString();
-  }
-  QString Result =
-      Backend.ValueBeside("SELECT string_agg(sequencename || coalesce(last_value, 0), ' ') FROM pg_sequences")
-          .toString();
-  QSqlQuery Tables("SELECT tablename FROM pg_tables WHERE schemaname = 'public' ORDER BY 1", Backend.Beside());
-  while (Tables.next()) {
-    const QString Name = Tables.value(0).toString();
-    const QString Sql = "SELECT md5(string_agg(T::text, '' ORDER BY T::text)) FROM %1 T";
-    Result += ' ' + Name + ' ' + Backend.ValueBeside(Sql.arg(Name)).toString();
-  }
-  return Result;
-}
 
 }  // namespace
 

@@ -1,0 +1,174 @@
+#include "servers/SentStatements.h"
+
+#include <sqlite3.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSqlDriver>
+#include <QThread>
+
+namespace support {
+
+namespace {
+
+constexpr int LongestWait = 10000;  // milliseconds
+
+bool IsPartOfName(QChar Character) {
+  return Character.isLetterOrNumber() || Character == u'_' || Character == u'$' || Character.unicode() >= 0x80;
+}
+
+// A text from its first quote; where it ends, or the end of the statement.
+qsizetype TextEnd(const QString& Sql, qsizetype Start, bool Backslashes) {
+  for (qsizetype At = Start + 1; At < Sql.size(); ++At) {
+    if (Backslashes && Sql[At] == u'\\') {
+      ++At;
+    } else if (Sql[At] == u'\'') {
+      if (At + 1 >= Sql.size() || Sql[At + 1] != u'\'') return At + 1;
+      ++At;
+    }
+  }
+  return Sql.size();
+}
+
+// A number with a sign where only a value can stand, or 0 characters.
+qsizetype NumberLength(QStringView Rest, QChar Before) {
+  static const QRegularExpression Number(QStringLiteral("^[-+]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][-+]?[0-9]+)?"));
+  const bool Signed = Rest[0] == u'-' || Rest[0] == u'+';
+  if (Signed ? Before != u'=' : IsPartOfName(Before) || Before == u'.') return 0;
+  const auto Length = Number.match(Rest).capturedLength();
+  return Length < Rest.size() && IsPartOfName(Rest[Length]) ? 0 : Length;
+}
+
+// The places in memory after which psqlODBC names its savepoints and cursors.
+QString WithoutPlaces(QString Statement) {
+  static const QRegularExpression Places(QStringLiteral("(_EXEC_SVP_|_per_query_svp_|SQL_CUR)[0-9A-Fa-fx]*"));
+  return Statement.replace(Places, QStringLiteral("\\1"));
+}
+
+}  // namespace
+
+QString ShapeOf(const QString& Statement) {
+  const QString Sql = WithoutPlaces(Statement);
+  QString Result;
+  QChar Before = u' ';  // the last character that is no blank
+  for (qsizetype At = 0; At < Sql.size();) {
+    const QChar Character = Sql[At];
+    const bool Escaped = (Character == u'E' || Character == u'e') && At + 1 < Sql.size() && Sql[At + 1] == u'\'' &&
+                         (At == 0 || !IsPartOfName(Sql[At - 1]));
+    if (Escaped || Character == u'\'') {
+      At = TextEnd(Sql, At + (Escaped ? 1 : 0), Escaped);
+      Result += u'#';
+      Before = u'#';
+      continue;
+    }
+    const qsizetype Length =
+        NumberLength(QStringView(Sql).mid(At), At > 0 && !Sql[At - 1].isSpace() ? Sql[At - 1] : Before);
+    if (Length > 0) {
+      At += Length;
+      Result += u'#';
+      Before = u'#';
+      continue;
+    }
+    Result += Character;
+    if (!Character.isSpace()) Before = Character;
+    ++At;
+  }
+  return Result;
+}
+
+void RecordStatements(TBackends& Backends) {
+  if (!Backends.Server().IsRunning()) return;
+  {
+    QSqlDatabase Database = Backends.Server().Connect(QStringLiteral("recording"));
+    for (const char* Setting :
+         {"logging_collector = on", "log_directory = 'log'", "log_filename = 'statements.log'", "log_statement = 'all'",
+          "log_line_prefix = '@@%p@@'", "log_min_error_statement = 'error'", "log_rotation_age = 0",
+          "log_rotation_size = 0", "log_checkpoints = off"}) {
+      TBackend::Execute(Database, QLatin1String("ALTER SYSTEM SET ") + QLatin1String(Setting));
+    }
+  }
+  QSqlDatabase::removeDatabase(QStringLiteral("recording"));
+  if (!Backends.Server().Restart()) qFatal("The server does not come again.");
+}
+
+TSentStatements::TSentStatements(TBackend& Backend, TBackends& Backends) : Backend_(Backend) {
+  switch (Backend.Kind()) {
+    case TBackendKind::SQLite:
+      Handle_ = *static_cast<sqlite3* const*>(Backend.Database().driver()->handle().constData());
+      sqlite3_trace_v2(Handle_, SQLITE_TRACE_STMT, Trace, this);
+      break;
+    case TBackendKind::ODBCSQLite:
+      FileName_ = QFile::decodeName(qgetenv("ZUL_ODBC_RECORD"));
+      break;
+    default:
+      FileName_ = Backends.Server().Host() + QLatin1String("/data/log/statements.log");
+      Session_ = TBackend::Value(Backend.Database(), QStringLiteral("SELECT pg_backend_pid()")).toString();
+      break;
+  }
+  Take();
+}
+
+TSentStatements::~TSentStatements() {
+  if (Handle_ != nullptr) sqlite3_trace_v2(Handle_, 0, nullptr, nullptr);
+}
+
+int TSentStatements::Trace(unsigned, void* Self, void*, void* Text) {
+  static_cast<TSentStatements*>(Self)->Traced_ << QString::fromUtf8(static_cast<const char*>(Text));
+  return 0;
+}
+
+QStringList TSentStatements::Take() {
+  if (Handle_ != nullptr) return std::exchange(Traced_, {});
+  return Backend_.Kind() == TBackendKind::ODBCSQLite ? TakeFromDriver() : TakeFromServer();
+}
+
+QStringList TSentStatements::TakeFromDriver() {
+  QFile File(FileName_);
+  if (!File.open(QIODevice::ReadOnly) || !File.seek(Read_)) return {};
+  const QByteArray Bytes = File.readAll();
+  Read_ += Bytes.size();
+  QStringList Result;
+  for (const QByteArray& Text : Bytes.split('\0')) {
+    if (!Text.isEmpty()) Result << QString::fromUtf8(Text);
+  }
+  return Result;
+}
+
+// A statement of another session tells that everything before it was written.
+QStringList TSentStatements::TakeFromServer() {
+  const QString Mark = QStringLiteral("mark %1 of %2").arg(++Marks_).arg(Session_);
+  Backend_.ValueBeside(QStringLiteral("SELECT '%1'").arg(Mark));
+  QString Text;
+  QElapsedTimer Waiting;
+  for (Waiting.start(); !Text.contains(Mark); QThread::msleep(1)) {
+    if (Waiting.elapsed() > LongestWait) qFatal("The server does not write down its statements.");
+    QFile File(FileName_);
+    if (!File.open(QIODevice::ReadOnly) || !File.seek(Read_)) continue;
+    const QByteArray Bytes = File.readAll();
+    Text = QString::fromUtf8(Bytes);
+    if (Text.contains(Mark)) Read_ += Bytes.size();
+  }
+  static const QRegularExpression Entry(QStringLiteral("(?:^|\n)@@([0-9]+)@@"));
+  static const QRegularExpression Statement(QStringLiteral("^(?:LOG:  statement|LOG:  execute [^:]*|STATEMENT): +"));
+  QStringList Result;
+  QString Session;
+  qsizetype From = -1;
+  const auto Add = [&](qsizetype To) {
+    if (From < 0 || Session != Session_) return;
+    const QString Body = Text.mid(From, To - From).trimmed();
+    const auto Start = Statement.match(Body);
+    if (Start.hasMatch())
+      Result << Body.mid(Start.capturedLength()).replace(QLatin1String("\n\t"), QLatin1String("\n"));
+  };
+  for (auto Entries = Entry.globalMatch(Text); Entries.hasNext();) {
+    const QRegularExpressionMatch Next = Entries.next();
+    Add(Next.capturedStart());
+    Session = Next.captured(1);
+    From = Next.capturedEnd();
+  }
+  Add(Text.size());
+  return Result;
+}
+
+}  // namespace support
