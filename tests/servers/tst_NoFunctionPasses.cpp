@@ -14,9 +14,7 @@ namespace {
 
 // What the dialogs' own queries call.
 const std::set<std::string>& AllowedFunctions() {
-  static const std::set<std::string> Names{"count", "sum",  "min",    "max",    "avg",         "upper",
-                                           "lower", "trim", "ltrim",  "rtrim",  "iif",         "coalesce",
-                                           "round", "abs",  "length", "substr", "char_length", "substring"};
+  static const std::set<std::string> Names{"coalesce", "count", "iif", "substring", "sum", "trim", "upper"};
   return Names;
 }
 
