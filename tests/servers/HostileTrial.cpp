@@ -129,6 +129,11 @@ void THostileTrial::CheckNothingChanged(const QString& What) {
   Sent_.Take();  // what the watch itself asked
 }
 
+void THostileTrial::ExpectChanges() {
+  Watch_.Changes();
+  Sent_.Take();
+}
+
 void THostileTrial::Complain(const QString& What) {
   Complaints_ << What;
 }

@@ -1,41 +1,17 @@
 #include <QTest>
-#include <QTimer>
 
 #include "ads/Ads.h"
 #include "apps/catalog/Catalog.h"
-#include "pickbase/uDocPickBase.h"
 #include "servers/HostileTrial.h"
+#include "servers/PickTaker.h"
 #include "support/PickDriver.h"
 #include "zulcommon/EZULException.h"
 
 using support::TBackend;
 using support::TBackendKind;
 using support::THostileTrial;
-using uDocPickBase::TDocPickBase;
 
 namespace {
-
-/// Takes the first row of every pick that comes up while it lives, and cancels those that list nothing.
-class TTaker {
- public:
-  TTaker() {
-    QObject::connect(&Timer_, &QTimer::timeout, &Timer_, [] { Take(); });
-    Timer_.start(1);
-  }
-
- private:
-  static void Take() {
-    auto* Dialog = dynamic_cast<TDocPickBase*>(QApplication::activeModalWidget());
-    if (Dialog == nullptr || !Dialog->isVisible()) return;
-    if (Dialog->actOK->isEnabled()) {
-      Dialog->actOKExecute();
-    } else {
-      Dialog->reject();
-    }
-  }
-
-  QTimer Timer_;
-};
 
 /// One text argument of a pick function.
 struct TPlace {
@@ -101,7 +77,7 @@ class tst_NothingPassedActs : public QObject {
     if (!Missing.isEmpty()) QSKIP(qPrintable(Missing));
     const std::unique_ptr<TBackend> Backend = Backends_->Open(Kind);
     const support::TErrorBoxes Answers;
-    const TTaker Taker;
+    const support::TPickTaker Taker;
     THostileTrial Trial(*Backends_, *Backend);
     support::TShare Share(20);
     const QStringList Codes = support::HostileCodes(Trial.Names());
