@@ -165,7 +165,7 @@ class tst_BadDays : public QObject {
           Company_->Database().close();
           if (ReopensAtOnce) QVERIFY(Company_->Database().open());
         };
-        QCOMPARE(ReadLong(Close), std::string(Closed));
+        QCOMPARE(QString::fromStdString(ReadLong(Close)), QString(Closed));
         KeepsItsRows(Count, First);
         if (!ReopensAtOnce) QCOMPARE(Reopen(), std::string("The database connection is not open."));
         OpenAgain();
