@@ -78,6 +78,12 @@ class TStatementHandle {
 
   SQLHSTMT Get() const { return Handle_; }
 
+  /// Whether the driver manager still knows the statement, which it does not when the connection was closed.
+  bool IsKnown() const {
+    SQLULEN Type = 0;
+    return SQLGetStmtAttr(Handle_, SQL_ATTR_CURSOR_TYPE, &Type, 0, nullptr) != SQL_INVALID_HANDLE;
+  }
+
   /// The connection was closed, which has freed the statement.
   void Abandon() { Handle_ = nullptr; }
 
@@ -230,7 +236,10 @@ class TODBCCursor final : public TCursor {
   TODBCCursor(const TODBCCursor&) = delete;
   TODBCCursor& operator=(const TODBCCursor&) = delete;
 
-  bool IsConnected() const override { return ODBCHandle(Database_) == Connection_; }
+  // A connection that was opened again may have the address of the one before.
+  bool IsConnected() const override {
+    return ODBCHandle(Database_) == Connection_ && (!Statement_ || Statement_->IsKnown());
+  }
 
   int ColumnCount() const override { return static_cast<int>(Columns_.size()); }
   std::string ColumnName(int Column) const override { return Columns_[static_cast<std::size_t>(Column)].Name; }

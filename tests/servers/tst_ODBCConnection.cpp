@@ -126,6 +126,22 @@ class tst_ODBCConnection : public QObject {
     QCOMPARE(Recorded.Texts(), QList<QByteArray>{QByteArray::fromStdString(Text)});
   }
 
+  // Some servers take the two for a quote of the text, which goes on then.
+  void shouldSendNoBackslashBeforeAQuoteToAServerThatIsNotKnown() {
+    if (*RecordingDriver == '\0') QSKIP("SQLite's ODBC driver was not there when the tests were built");
+    if (!QSqlDatabase::isDriverAvailable("QODBC")) QSKIP("Qt's driver QODBC is not installed");
+    TRecorded Recorded("Some other server");
+    for (const char* Text : {R"(SELECT N X FROM T WHERE A = 'a\')", R"(SELECT N X FROM T WHERE A = 'a\'' OR 1 = 1 --')",
+                             R"(SELECT N X FROM T WHERE A LIKE '%\''%' AND A = 'b')", R"(SELECT "N\" X FROM T)",
+                             R"(SELECT N [X\] FROM T)"}) {
+      const std::string Message = MessageOf([&] { Values(*Recorded.Connection, Text); });
+      QVERIFY2(Message.starts_with("A backslash before a quote at line 1, column "), Message.c_str());
+    }
+    QCOMPARE(Recorded.Texts(), QList<QByteArray>());
+    Values(*Recorded.Connection, R"(SELECT N X FROM T WHERE A LIKE '%\%')");
+    QCOMPARE(Recorded.Texts().size(), 1);
+  }
+
   void shouldAskAdvantageForTheFirstRowOnly() {
     if (*RecordingDriver == '\0') QSKIP("SQLite's ODBC driver was not there when the tests were built");
     if (!QSqlDatabase::isDriverAvailable("QODBC")) QSKIP("Qt's driver QODBC is not installed");
