@@ -17,7 +17,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 function(zul_target_defaults target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     # GCC 12 reports joined std::strings at -O3 as overlapping copies, which they are not.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # A symbol that is unique in the whole process pins the library in which it was found first.
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>>:-fno-gnu-unique>)
   if(ZUL_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
@@ -50,6 +52,8 @@ function(zul_library target)
   target_include_directories(${target} PUBLIC
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zul>)
   target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+  target_link_options(${target} PRIVATE "-Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/OwnSymbols.map")
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/OwnSymbols.map")
   install(TARGETS ${target} EXPORT ZULPickListsTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zul)
