@@ -18,6 +18,11 @@ const std::set<std::string>& AllowedFunctions() {
   return Names;
 }
 
+// What stands before a parenthesis or a text without calling anything.
+bool IsOfTheLanguage(const std::string& Name) {
+  return Name == "all" || Name == "distinct" || Name == "exists" || Name == "not";
+}
+
 // Every function of the server and its extensions, and every word that it knows: some of those are called without the
 // looks of a function.
 std::vector<std::string> EveryName(const TBackend& Backend) {
@@ -40,6 +45,7 @@ struct TNotation {
   std::string Before;
   std::string After;
   bool Plain = false;  // as the dialogs call what they call
+  bool Bare = Plain;   // as a word of the language may stand there
 };
 
 // What stands before and behind the name of a function in an expression that calls it.
@@ -87,7 +93,7 @@ const std::vector<TNotation>& Notations() {
                                           {"of another", "(77).a.", ""},
                                           {"with another behind", "(77).", ".a"},
                                           {"of all of another", "((77).*).", ""},
-                                          {"of a type", "", " 'x'"},
+                                          {"of a type", "", " 'x'", false, true},
                                           {"of a type, quoted", "\"", "\" 'x'"},
                                           {"of a type, bracketed", "[", "]'x'"},
                                           {"of a type of the catalogue", "pg_catalog.", " 'x'"},
@@ -150,6 +156,7 @@ class tst_NoFunctionPasses : public QObject {
     QStringList Passed;
     for (const std::string& Name : Names_) {
       if (Notation.Plain && AllowedFunctions().contains(Name)) continue;
+      if (Notation.Bare && IsOfTheLanguage(Name)) continue;
       for (const std::string& Written : {Name, Upper(Name)}) {
         for (const auto& [Before, After] : Places) {
           const std::string Sql = Before + Notation.Before + Written + Notation.After + After;
@@ -163,6 +170,7 @@ class tst_NoFunctionPasses : public QObject {
   void shouldRefuseEveryFunctionAsATable() {
     QStringList Passed;
     for (const std::string& Name : Names_) {
+      if (AllowedFunctions().contains(Name)) continue;  // which do no more as a table
       for (const std::string& Table : {Name + "(77) x", "LATERAL " + Name + "(77) x", "ROWS FROM (" + Name + "(77)) x",
                                        "Area, " + Name + "('x')", "Area T INNER JOIN " + Name + "() x ON 0=0",
                                        "\"" + Name + "\"(77)", "pg_catalog." + Name + "(77)", "('x')." + Name}) {
