@@ -31,17 +31,41 @@ qsizetype TextEnd(const QString& Sql, qsizetype Start, bool Backslashes) {
   return Sql.size();
 }
 
-// A number with a sign where only a value can stand, or 0 characters.
+qsizetype DigitsEnd(QStringView Text, qsizetype At) {
+  while (At < Text.size() && Text[At] >= u'0' && Text[At] <= u'9') ++At;
+  return At;
+}
+
+bool IsSignAt(QStringView Text, qsizetype At) {
+  return At < Text.size() && (Text[At] == u'-' || Text[At] == u'+');
+}
+
+// A number, with a sign where only a value can stand, or 0 characters.
 qsizetype NumberLength(QStringView Rest, QChar Before) {
-  static const QRegularExpression Number(QStringLiteral("^[-+]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][-+]?[0-9]+)?"));
-  const bool Signed = Rest[0] == u'-' || Rest[0] == u'+';
+  const bool Signed = IsSignAt(Rest, 0);
   if (Signed ? Before != u'=' : IsPartOfName(Before) || Before == u'.') return 0;
-  const auto Length = Number.match(Rest).capturedLength();
-  return Length < Rest.size() && IsPartOfName(Rest[Length]) ? 0 : Length;
+  const qsizetype Start = Signed ? 1 : 0;
+  qsizetype End = DigitsEnd(Rest, Start);
+  qsizetype Digits = End - Start;
+  if (End < Rest.size() && Rest[End] == u'.') {
+    const qsizetype Fraction = DigitsEnd(Rest, End + 1);
+    Digits += Fraction - End - 1;
+    End = Fraction;
+  }
+  if (Digits == 0) return 0;
+  if (End < Rest.size() && (Rest[End] == u'e' || Rest[End] == u'E')) {
+    const qsizetype Exponent = IsSignAt(Rest, End + 1) ? End + 2 : End + 1;
+    if (const qsizetype ExponentEnd = DigitsEnd(Rest, Exponent); ExponentEnd > Exponent) End = ExponentEnd;
+  }
+  return End < Rest.size() && IsPartOfName(Rest[End]) ? 0 : End;
 }
 
 // The places in memory after which psqlODBC names its savepoints and cursors.
 QString WithoutPlaces(QString Statement) {
+  if (!Statement.contains(QLatin1String("_svp_"), Qt::CaseInsensitive) &&
+      !Statement.contains(QLatin1String("SQL_CUR"))) {
+    return Statement;
+  }
   static const QRegularExpression Places(QStringLiteral("(_EXEC_SVP_|_per_query_svp_|SQL_CUR)[0-9A-Fa-fx]*"));
   return Statement.replace(Places, QStringLiteral("\\1"));
 }
@@ -51,6 +75,7 @@ QString WithoutPlaces(QString Statement) {
 QString ShapeOf(const QString& Statement) {
   const QString Sql = WithoutPlaces(Statement);
   QString Result;
+  Result.reserve(Sql.size());
   QChar Before = u' ';  // the last character that is no blank
   for (qsizetype At = 0; At < Sql.size();) {
     const QChar Character = Sql[At];

@@ -79,7 +79,7 @@ class tst_NothingPassedActs : public QObject {
     const support::TErrorBoxes Answers;
     const support::TPickTaker Taker;
     THostileTrial Trial(*Backends_, *Backend);
-    support::TShare Share(20);
+    support::TShare Share(40);
     const QStringList Codes = support::HostileCodes(Trial.Names());
     for (const TPlace& Place : EveryPlace()) {
       for (const bool Turned : {false, true}) {
