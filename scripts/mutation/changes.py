@@ -187,9 +187,8 @@ class Mutant:
         self.line = source.text.count("\n", 0, start) + 1
         self.removed = lines_around(source.text, start, end)
         self.added = lines_around(self.text, start, start + len(replacement))
-        self.key = (self.path, tuple(self.removed), tuple(self.added))
-        # Lines that look alike in one file are told apart by their number only here: an equivalent one is so everywhere.
-        self.name = hashlib.sha1(repr((self.key, self.line, start - source.text.rfind("\n", 0, start))).encode()).hexdigest()
+        # What the journal knows it by.
+        self.name = hashlib.sha1(repr((self.path, start, end, replacement, self.removed)).encode()).hexdigest()
 
     def diff(self):
         return "\n".join([self.path, *("- " + line for line in self.removed), *("+ " + line for line in self.added)])
