@@ -171,6 +171,8 @@ class tst_ReadingOnly : public QObject {
     Row("SELECT Zip FROM Area a (b)", 22);
     Row("SELECT Zip FROM UPPER", 0);
     Row("SELECT x FROM generate_series(1, 9)", 15);
+    Row("SELECT x FROM count(77) x", 15);
+    Row("SELECT COALESCE(Zip, (Zip, 1)) FROM Area", 26);
     Row("SELECT 1 OPERATOR(pg_catalog.+) 2", 10);
     Row("SELECT ARRAY(SELECT 1)", 8);
     Row("SELECT ROW(1, 2)", 8);

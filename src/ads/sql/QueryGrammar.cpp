@@ -202,7 +202,7 @@ void TQueryGrammar::Table() {
 }
 
 void TQueryGrammar::TableName() {
-  if (Statement_.IsSymbol(At_ + 1, "(") && IsAllowedFunction(Statement_[At_])) return Call();
+  if (Statement_.IsSymbol(At_ + 1, "(") && IsAllowedByHost(Statement_[At_])) return Call();
   do {
     if (!LooksAtName()) RefuseTable();
     if (IsServersOwn(NameOf(Statement_[At_]), Statement_.IsSymbol(At_ + 1, "."))) RefuseTable();
@@ -298,11 +298,14 @@ void TQueryGrammar::Operand() {
 }
 
 void TQueryGrammar::Parenthesis() {
+  const bool IsList = At_ > 0 && Statement_.IsKeyword(At_ - 1, "IN");
   Require("(");
   if (LooksAtWord("SELECT")) {
     Query();
-  } else {
+  } else if (IsList) {
     ExpressionList();
+  } else {
+    Expression();
   }
   Require(")");
 }
@@ -362,8 +365,11 @@ void TQueryGrammar::TypeName() {
 }
 
 bool TQueryGrammar::IsAllowedFunction(const TToken& Name) const {
+  return (Name.Kind == TTokenKind::Word && IsOneOf(Name.Source, Functions)) || IsAllowedByHost(Name);
+}
+
+bool TQueryGrammar::IsAllowedByHost(const TToken& Name) const {
   if (Name.Kind != TTokenKind::Word) return false;
-  if (IsOneOf(Name.Source, Functions)) return true;
   return std::any_of(AllowedFunctions_.begin(), AllowedFunctions_.end(),
                      [&Name](const std::string& Allowed) { return zulcommon::SameText(Name.Source, Allowed); });
 }

@@ -68,6 +68,7 @@ class TQueryGrammar {
   void TypeName();
 
   bool IsAllowedFunction(const TToken& Name) const;
+  bool IsAllowedByHost(const TToken& Name) const;
   bool TouchesNext() const;
 
   const TStatement& Statement_;
