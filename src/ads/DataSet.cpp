@@ -94,7 +94,7 @@ std::unique_ptr<TStore> TDataSet::ReadAll(TCursor& Cursor) {
     if (OnProgress && Fresh->RowCount() % RowsBetweenClockReads == 0 && TClock::now() - Told >= ProgressInterval) {
       OnProgress();
       if (!Cursor.IsConnected()) {
-        throw EDatabaseError("The database connection was closed while rows were being read from it.");
+        throw EConnectionLost("The database connection was closed while rows were being read from it.");
       }
       Told = TClock::now();
     }

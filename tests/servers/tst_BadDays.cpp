@@ -34,6 +34,7 @@ class tst_BadDays : public QObject {
 
   std::unique_ptr<support::TBackends> Backends_;
   std::unique_ptr<TBackend> Company_;
+  std::string LastFailure_;  // of the last long list: whether it was told as a lost connection
   std::unique_ptr<ads::TAdsQuery> List_;
   ads::TField* Zip_ = nullptr;
 
@@ -80,7 +81,15 @@ class tst_BadDays : public QObject {
     Long.OnProgress = [&] {
       if (!std::exchange(Done, true)) HostDoes();
     };
-    const std::string Message = MessageOf([&] { Long.Open(); });
+    LastFailure_.clear();
+    const std::string Message = MessageOf([&] {
+      try {
+        Long.Open();
+      } catch (const ads::EConnectionLost&) {
+        LastFailure_ = "lost";
+        throw;
+      }
+    });
     return Done && !Long.Active() ? Message : "the rows were read to their end";
   }
 
@@ -182,6 +191,7 @@ class tst_BadDays : public QObject {
       QSqlDatabase::removeDatabase(Company_->Database().connectionName());
     };
     QCOMPARE(ReadLong(Remove), std::string(Closed));
+    QCOMPARE(LastFailure_, std::string("lost"));
     QCOMPARE(Reopen(), std::string("The database connection is not open."));
   }
 
