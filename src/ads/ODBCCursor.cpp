@@ -262,9 +262,9 @@ class TODBCCursor final : public TCursor {
   }
 
  private:
-  // Ends what is left of a connection that the host has closed. Closing frees the statements of a connection, and the
-  // driver manager does not notice that one is used afterwards. SQLite's driver though does not close a connection
-  // under a running statement, and Qt's lets go of it all the same; it is closed here, behind the last statement.
+  // Ends what is left of a connection that the host has closed. Closing frees the statements of a connection, and not
+  // every call on a freed one is refused. SQLite's driver though does not close a connection under a running statement,
+  // and Qt's lets go of it all the same; it is closed here, behind the last statement.
   void LetGo() {
     if (Scope_) Scope_->Abandon();
     if (Server_ != TODBCServer::SQLite) return Statement_->Abandon();

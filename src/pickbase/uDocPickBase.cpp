@@ -11,6 +11,7 @@
 #include <QThread>
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "ads/EDatabaseError.h"
 #include "ads/sql/ReadingOnly.h"
@@ -413,8 +414,7 @@ void TDocPickBase::OpenBuilt(const TQueryState& State, const TPickChoices& Choic
   Recipe(Harmless);
   ads::sql::RequireShape(qryList_->SQL()->Text(), Pattern.Text());
   qryList_->Open();
-  SearchFailed_ = false;
-  TellRows();
+  if (std::exchange(SearchFailed_, false)) TellRows();
 }
 
 void TDocPickBase::OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe) {
