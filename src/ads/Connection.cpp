@@ -6,6 +6,7 @@
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
 #include "ads/sql/ReadingOnly.h"
+#include "ads/sql/Statement.h"
 
 namespace ads {
 
@@ -59,23 +60,59 @@ const sql::TDialect& TAdsConnection::Dialect() const {
   }
 }
 
-std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql,
-                                                    std::span<const std::string> AllowedFunctions) {
+namespace {
+
+// A page can be asked for where the order tells which rows are the first, by columns of the result. A text that limits
+// its rows itself has none.
+void AddPage(TListStatements& Statements, const sql::TDialect& Speech, const std::string& Sql, int PageRows) {
+  const sql::TStatement Statement(Sql);
+  for (std::size_t Position = 0; Position < Statement.Count(); ++Position) {
+    if (Statement.IsKeyword(Position, "LIMIT") || Statement.IsKeyword(Position, "TOP")) return;
+  }
+  for (const auto& List : Statement.SortLists()) {
+    if (List.Within != sql::TStatement::None) continue;
+    for (const auto& Item : List.Items) {
+      if (!Statement.IsName(Item.Expression.Last) || Item.Expression.First != Item.Expression.Last) return;
+      Statements.SortColumns.push_back(sql::NameOf(Statement[Item.Expression.Last]));
+    }
+  }
+  if (!Statements.SortColumns.empty()) Statements.Page = Speech.FirstRows(Statements.Whole, PageRows);
+}
+
+}  // namespace
+
+TListStatements TAdsConnection::Statements(const std::string& Sql, std::span<const std::string> AllowedFunctions,
+                                           int PageRows) const {
   RequireOwnThread();
   // A lost connection to PostgreSQL is not open either, but has more to say.
-  pg_conn* Server = PostgreSQLHandle(Database_);
-  if (Server == nullptr && !Database_.isOpen()) throw EConnectionLost("The database connection is not open.");
+  if (PostgreSQLHandle(Database_) == nullptr && !Database_.isOpen()) {
+    throw EConnectionLost("The database connection is not open.");
+  }
   sql::RequireReadingOnly(Sql, AllowedFunctions);
   const sql::TDialect& Speech = Dialect();
   Speech.RequireUnambiguous(Sql);
-  const std::string Rewritten = Speech.Rewrite(Sql);
+  TListStatements Result;
+  Result.Whole = Speech.Rewrite(Sql);
+  if (PageRows > 0) AddPage(Result, Speech, Sql, PageRows);
+  return Result;
+}
+
+std::unique_ptr<TCursor> TAdsConnection::NewCursor() const {
   if (sqlite3* Handle = SQLiteHandle(Database_)) {
     RegisterSQLiteFunctions(Handle);
-    return OpenSQLiteCursor(Database_, Rewritten);
+    return NewSQLiteCursor(Database_);
   }
-  if (Server != nullptr) return OpenPostgreSQLCursor(Database_, Rewritten);
-  if (ODBCHandle(Database_) != nullptr) return OpenODBCCursor(Database_, Rewritten);
-  return OpenQSqlCursor(Database_, Rewritten);
+  if (PostgreSQLHandle(Database_) != nullptr) return NewPostgreSQLCursor(Database_);
+  if (ODBCHandle(Database_) != nullptr) return NewODBCCursor(Database_);
+  return NewQSqlCursor(Database_);
+}
+
+std::unique_ptr<TCursor> TAdsConnection::OpenCursor(const std::string& Sql,
+                                                    std::span<const std::string> AllowedFunctions) const {
+  const TListStatements Texts = Statements(Sql, AllowedFunctions, 0);
+  std::unique_ptr<TCursor> Cursor = NewCursor();
+  Cursor->Begin(Texts.Whole);
+  return Cursor;
 }
 
 }  // namespace ads

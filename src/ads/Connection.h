@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "ads/sql/Dialect.h"
 #include "ads/zulads_export.h"
@@ -11,6 +12,13 @@
 namespace ads {
 
 class TCursor;
+
+/// The statements of one list, in the server's SQL.
+struct TListStatements {
+  std::string Whole;
+  std::string Page;  ///< gives the first rows of the whole one; empty where that cannot be asked for
+  std::vector<std::string> SortColumns;  ///< by which the rows are sorted, among those of the result
+};
 
 /// The host's database connection, borrowed.
 ///
@@ -39,10 +47,18 @@ class ZULADS_EXPORT TAdsConnection {
   /// is not open cannot be asked).
   const sql::TDialect& Dialect() const;
 
-  /// Runs one SELECT of the dialogs' SQL and gives its rows, forward only. Throws `EDatabaseError` for anything but a
-  /// single reading statement (see `sql::RequireReadingOnly`, which gets `AllowedFunctions`), before the server sees
-  /// it, and for what the server itself refuses.
-  std::unique_ptr<TCursor> OpenCursor(const std::string& Sql, std::span<const std::string> AllowedFunctions = {});
+  /// Takes one SELECT of the dialogs' SQL for this server; with a page of `PageRows` rows unless that is 0. Throws
+  /// `EDatabaseError` for anything but a single reading statement (see `sql::RequireReadingOnly`, which gets
+  /// `AllowedFunctions`), and `EConnectionLost` when the connection is not open.
+  TListStatements Statements(const std::string& Sql, std::span<const std::string> AllowedFunctions,
+                             int PageRows) const;
+
+  /// A cursor for statements that `Statements` gave.
+  std::unique_ptr<TCursor> NewCursor() const;
+
+  /// Begins one SELECT of the dialogs' SQL, to be read forward. What the server itself refuses is thrown while it is
+  /// read.
+  std::unique_ptr<TCursor> OpenCursor(const std::string& Sql, std::span<const std::string> AllowedFunctions = {}) const;
 
  private:
   void RequireOwnThread() const;

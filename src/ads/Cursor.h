@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QSqlDatabase>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "ads/EDatabaseError.h"
 #include "ads/zulads_export.h"
 
 struct pg_conn;
@@ -16,28 +19,63 @@ namespace ads {
 /// How a server hands over one value.
 enum class TValueKind : std::uint8_t { Null, Integer, Real, Text };
 
-/// The rows of one running statement, read forward once. Destroying it ends the statement, whatever was read, and does
-/// not touch what the host has closed meanwhile.
+/// The host has used the connection in a way that ended or spoiled a reading: it has to be done once more.
+class EDisturbed : public EDatabaseError {
+ public:
+  EDisturbed();
+  ~EDisturbed() override;
+};
+
+/// One run of a statement, read forward once and in portions: it is begun, asked to go on for a while as often as its
+/// reader likes, and ended at any time by destroying it, which stops the server too and leaves nothing open in the
+/// database. It does not touch what the host has closed meanwhile.
 class ZULADS_EXPORT TCursor {
  public:
+  using TTime = std::chrono::steady_clock::time_point;
+  /// Waits for as long as it takes.
+  static constexpr TTime Forever = TTime::max();
+  /// Gets the row on which the cursor stands; false when no more are wanted for now.
+  using TTakeRow = std::function<bool()>;
+
   virtual ~TCursor();
 
   /// Whether the connection is still the one on which the statement was run. To be asked whenever the host could have
   /// closed it; when it has, the cursor can only be destroyed.
   virtual bool IsConnected() const = 0;
 
+  /// Begins a statement, in the server's SQL. One that was begun before is ended, but both see one state of the data
+  /// where the server can do that. Throws `EDatabaseError`.
+  virtual void Begin(const std::string& Sql) = 0;
+
+  /// Goes on until about `Until`, handing each row to `Take`; earlier when `Take` returns false, and then the cursor
+  /// stays on that row. Whether there may be more: false behind the last row, when nothing is open any more. Throws
+  /// `EDatabaseError`, and `EDisturbed` in particular, after which it has ended too; also what `Take` throws.
+  virtual bool GoOn(TTime Until, const TTakeRow& Take) = 0;
+
+  /// Whether the host may use the connection for itself while the cursor is being left.
+  virtual bool IsShareable() const = 0;
+
+  /// Goes to the next row, however long that takes; false behind the last.
+  bool Next();
+
+  // Known from the first row, or the end of the rows, on.
   virtual int ColumnCount() const = 0;
   virtual std::string ColumnName(int Column) const = 0;
-
-  /// Goes to the next row; false behind the last. Throws `EDatabaseError`.
-  virtual bool Next() = 0;
 
   virtual TValueKind Kind(int Column) = 0;
   virtual std::int64_t Integer(int Column) = 0;  ///< only where Kind is Integer
   virtual double Real(int Column) = 0;           ///< only where Kind is Integer or Real
 
-  /// The value as text, UTF-8 (a date as YYYY-MM-DD); valid until the next call for this column or `Next`. Not for Null.
+  /// The value as text, UTF-8 (a date as YYYY-MM-DD); valid until the next call for this column or the next row. Not
+  /// for Null.
   virtual std::string_view Text(int Column) = 0;
+
+  /// Called when another reading needs the connection, which this one cannot share: it must destroy the cursor. Without
+  /// it the cursor takes the rest of its rows into memory.
+  std::function<void()> OnMakeWay;
+
+  /// Whether rows that the host changes by the same connection, while it is in the midst of its own, disturb it.
+  bool MindsChanges = false;
 };
 
 /// Throws the `EConnectionLost` for a connection that has broken off; `Message` is what the driver says of it.
@@ -49,15 +87,15 @@ sqlite3* SQLiteHandle(const QSqlDatabase& Database);
 /// Gives the connection the functions that the SQLite dialect calls, once for as long as it is open.
 void RegisterSQLiteFunctions(sqlite3* Handle);
 
-/// Runs a rewritten statement through SQLite's C API.
-std::unique_ptr<TCursor> OpenSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql);
+/// Reads through SQLite's C API.
+std::unique_ptr<TCursor> NewSQLiteCursor(const QSqlDatabase& Database);
 
 /// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one.
 pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
 
-/// Runs a rewritten statement through libpq, where the server refuses every write and nothing stays behind. A cursor that
-/// is still being read from the same connection first takes the rest of its rows into memory.
-std::unique_ptr<TCursor> OpenPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql);
+/// Reads through libpq, where the server refuses every write and nothing stays behind. Another cursor that is being
+/// read from the same connection makes way.
+std::unique_ptr<TCursor> NewPostgreSQLCursor(const QSqlDatabase& Database);
 
 /// The ODBC connection (a SQLHDBC) behind an open connection of Qt's ODBC driver; null when its driver is another one.
 void* ODBCHandle(const QSqlDatabase& Database);
@@ -66,10 +104,10 @@ void* ODBCHandle(const QSqlDatabase& Database);
 enum class TODBCServer : std::uint8_t { PostgreSQL, SQLite, Other };
 TODBCServer ODBCServer(void* Handle);
 
-/// Runs a rewritten statement through ODBC; on PostgreSQL as `OpenPostgreSQLCursor` does.
-std::unique_ptr<TCursor> OpenODBCCursor(const QSqlDatabase& Database, const std::string& Sql);
+/// Reads through ODBC; on PostgreSQL as `NewPostgreSQLCursor` does.
+std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase& Database);
 
-/// Runs a rewritten statement through Qt's generic result.
-std::unique_ptr<TCursor> OpenQSqlCursor(const QSqlDatabase& Database, const std::string& Sql);
+/// Reads through Qt's generic result.
+std::unique_ptr<TCursor> NewQSqlCursor(const QSqlDatabase& Database);
 
 }  // namespace ads

@@ -1,12 +1,15 @@
 #include "ads/DataSet.h"
 
+#include <QPointer>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <utility>
 
 #include "ads/Connection.h"
-#include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/ListReading.h"
 #include "ads/Store.h"
 #include "zulcommon/Text.h"
 
@@ -15,10 +18,36 @@ namespace ads {
 namespace {
 
 using TClock = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds ProgressInterval(50);
-constexpr int RowsBetweenClockReads = 512;
+using std::chrono::milliseconds;
+
+// Waiting gives way so often, and the event loop is kept by a portion of the rest for so long.
+constexpr milliseconds WaitingPortion(30);
+constexpr milliseconds RestPortion(12);
+// The first rows are painted before the rest is begun to be read.
+constexpr milliseconds BeforeRest(30);
+// Telling of more rows costs the more, the more there are.
+constexpr milliseconds BetweenTellings(150);
+// As many as nobody looks through before the rest is there, and few enough to be known long before it.
+constexpr int PageRows = 1000;
 
 }  // namespace
+
+/// While rows are waited for; ended also when the dataset is destroyed meanwhile.
+class TDataSet::TWaiting {
+ public:
+  explicit TWaiting(TDataSet& DataSet) : DataSet_(&DataSet) {
+    DataSet.IsWaiting_ = true;
+    DataSet.IsStopped_ = false;
+  }
+  ~TWaiting() {
+    if (DataSet_ != nullptr) DataSet_->IsWaiting_ = false;
+  }
+  TWaiting(const TWaiting&) = delete;
+  TWaiting& operator=(const TWaiting&) = delete;
+
+ private:
+  const QPointer<TDataSet> DataSet_;
+};
 
 TDataSet::TDataSet(QObject* Owner) : QObject(Owner) {}
 TDataSet::~TDataSet() = default;
@@ -46,65 +75,166 @@ TAdsConnection& TDataSet::RequireConnection() const {
 
 int TDataSet::MaxRows() const { return std::numeric_limits<int>::max(); }
 
-void TDataSet::Open() {
-  Load(OpenCursor());
+bool TDataSet::Open() { return Load(Statements(FirstRowsFirst_ ? PageRows + 1 : 0)); }
+
+std::unique_ptr<TListReading> TDataSet::NewReading(TListStatements Statements) const {
+  std::vector<TListReading::TColumn> Columns;
+  for (const TField* Field : Fields_) {
+    if (Field->Kind() == TFieldKind::fkData) Columns.push_back({Field->FieldName(), Field->DataType()});
+  }
+  return std::make_unique<TListReading>(RequireConnection(), std::move(Statements), std::move(Columns), PageRows,
+                                        MaxRows(), FirstRowsFirst_);
 }
 
-void TDataSet::Load(std::unique_ptr<TCursor> Cursor) {
-  std::unique_ptr<TStore> Fresh = ReadAll(*Cursor);
-  Cursor.reset();
+// The rest of the rows before makes way, and is gone on with when there are no new ones.
+bool TDataSet::Load(TListStatements Statements) {
+  std::unique_ptr<TListReading> Reading = NewReading(std::move(Statements));
+  LetGo(TRest::WhenWanted);
+  bool IsComplete = false;
+  try {
+    const QPointer<TDataSet> StillThere(this);
+    const bool IsShown = ReadUntilShown(*Reading, IsComplete);
+    if (StillThere == nullptr) return false;
+    if (IsShown) {
+      Show(std::move(Reading), IsComplete);
+      return true;
+    }
+    Reading.reset();
+  } catch (...) {
+    Reading.reset();
+    Held_.reset();
+    ScheduleRest();
+    throw;
+  }
+  Held_.reset();
+  ScheduleRest();
+  return false;
+}
+
+// Whether enough is there to be shown; false when the reading was stopped.
+bool TDataSet::ReadUntilShown(TListReading& Reading, bool& IsComplete) {
+  const QPointer<TDataSet> StillThere(this);
+  const TWaiting Waiting(*this);
+  for (;;) {
+    const auto Until = OnProgress ? TClock::now() + WaitingPortion : TClock::time_point::max();
+    IsComplete = Reading.GoOn(Until) != TListReading::TState::Going;
+    if (IsComplete || (FirstRowsFirst_ && Reading.CanBeShown())) return true;
+    if (!KeepWaiting(Reading) || StillThere == nullptr) return false;
+  }
+}
+
+// Gives way to whatever else is to be done. False when nobody waits any more.
+bool TDataSet::KeepWaiting(const TListReading& Reading) {
+  HoldWhile(Reading);
+  const QPointer<TDataSet> StillThere(this);
+  if (const auto Progress = OnProgress) Progress();  // a copy, which outlives the dataset
+  return StillThere != nullptr && !IsStopped_;
+}
+
+void TDataSet::HoldWhile(const TListReading& Reading) {
+  if (!Reading.IsAlone()) {
+    Held_.reset();
+  } else if (Held_ == nullptr && HoldOthers) {
+    Held_ = HoldOthers();
+  }
+}
+
+void TDataSet::Show(std::unique_ptr<TListReading> Reading, bool IsComplete) {
+  HoldWhile(*Reading);
   Close();
-  Store_ = std::move(Fresh);
+  Store_ = Reading->Rows();
+  if (!IsComplete) Reading_ = std::move(Reading);
   int Column = 0;
   for (TField* Field : Fields_) Field->Column_ = Field->Kind() == TFieldKind::fkData ? Column++ : -1;
   Row_ = Store_->RowCount() > 0 ? 0 : -1;
   Bof_ = true;
   Eof_ = Row_ < 0;
+  ToldRows_ = Store_->RowCount();
+  ToldAt_ = TClock::now();
+  ScheduleRest();
+  Reading.reset();
   if (AfterOpen) AfterOpen(*this);
   Q_EMIT Opened();
 }
 
-// The cursor's column for each data field, in the order of the fields.
-std::vector<int> TDataSet::BindFields(const TCursor& Cursor) {
-  std::vector<std::string> Names;
-  for (int Column = 0; Column < Cursor.ColumnCount(); ++Column) Names.push_back(Cursor.ColumnName(Column));
-  std::vector<int> Sources;
-  for (const TField* Field : Fields_) {
-    if (Field->Kind() != TFieldKind::fkData) continue;
-    const auto Found = std::find_if(Names.begin(), Names.end(), [Field](const std::string& Name) {
-      return zulcommon::SameText(Name, Field->FieldName());
-    });
-    if (Found == Names.end()) throw EDatabaseError("Field '" + Field->FieldName() + "' not found in the query's result.");
-    Sources.push_back(static_cast<int>(Found - Names.begin()));
+void TDataSet::ScheduleRest() {
+  if (Reading_ == nullptr) return;
+  if (RestTimer_ == nullptr) {
+    RestTimer_ = new QTimer(this);
+    connect(RestTimer_, &QTimer::timeout, this, &TDataSet::ReadRestInTurn);
   }
-  return Sources;
+  RestTimer_->start(BeforeRest);
 }
 
-std::unique_ptr<TStore> TDataSet::ReadAll(TCursor& Cursor) {
-  const std::vector<int> Sources = BindFields(Cursor);
-  std::vector<TFieldType> Types;
-  for (const TField* Field : Fields_) {
-    if (Field->Kind() == TFieldKind::fkData) Types.push_back(Field->DataType());
+void TDataSet::LetGo(TRest Rest) {
+  if (Reading_ == nullptr) return;
+  Reading_->Pause();
+  Held_.reset();
+  RestTimer_->stop();
+  if (Rest == TRest::InEventLoop) ScheduleRest();
+}
+
+void TDataSet::ReadRestInTurn() {
+  if (Reading_ == nullptr || IsWaiting_) return;
+  RestTimer_->setInterval(0);
+  std::string Message;
+  try {
+    return ReadPortion(TClock::now() + RestPortion);
+  } catch (const std::exception& Error) {
+    Message = Error.what();
   }
-  auto Fresh = std::make_unique<TStore>(std::move(Types));
-  const int Most = MaxRows();
-  TClock::time_point Told = TClock::now();
-  while (Fresh->RowCount() < Most && Cursor.Next()) {
-    Fresh->AppendRow(Cursor, Sources);
-    if (OnProgress && Fresh->RowCount() % RowsBetweenClockReads == 0 && TClock::now() - Told >= ProgressInterval) {
-      OnProgress();
-      if (!Cursor.IsConnected()) {
-        throw EConnectionLost("The database connection was closed while rows were being read from it.");
-      }
-      Told = TClock::now();
-    }
+  LetGo(TRest::WhenWanted);
+  if (const auto Tell = OnRestFailed) Tell(Message);
+}
+
+void TDataSet::ReadPortion(TClock::time_point Until) {
+  const TListReading::TState State = Reading_->GoOn(Until);
+  HoldWhile(*Reading_);
+  if (State == TListReading::TState::Replaced) return Replace();
+  const bool IsAll = State == TListReading::TState::Complete;
+  if (IsAll) {
+    RestTimer_->stop();
+    Reading_.reset();
+    Held_.reset();
   }
-  Fresh->Finish();
-  return Fresh;
+  if (!IsAll && (KnownRows() == ToldRows_ || TClock::now() - ToldAt_ < BetweenTellings)) return;
+  ToldRows_ = KnownRows();
+  ToldAt_ = TClock::now();
+  Q_EMIT Grown();
+}
+
+// The current row stays the same record where there still is one.
+void TDataSet::Replace() {
+  const std::shared_ptr<TStore> Before = std::exchange(Store_, Reading_->TakeReplacement());
+  RestTimer_->stop();
+  Reading_.reset();
+  Held_.reset();
+  const std::vector<int> Places = PlacesIn(*Before, *Store_);
+  const int Last = KnownRows() - 1;
+  const int Place = Row_ < 0 ? -1 : Places[static_cast<std::size_t>(Row_)];
+  Row_ = Place >= 0 ? Place : std::min(std::max(Row_, 0), Last);
+  CalculatedRow_ = -1;
+  ToldRows_ = KnownRows();
+  Q_EMIT Replaced(Places);
+}
+
+bool TDataSet::ReadToEnd() {
+  if (Reading_ == nullptr) return true;
+  if (IsWaiting_) return false;
+  const QPointer<TDataSet> StillThere(this);
+  const TWaiting Waiting(*this);
+  while (Reading_ != nullptr) {
+    ReadPortion(OnProgress ? TClock::now() + WaitingPortion : TClock::time_point::max());
+    if (Reading_ == nullptr) break;
+    if (!KeepWaiting(*Reading_) || StillThere == nullptr) return false;
+  }
+  return true;
 }
 
 void TDataSet::Close() {
   if (!Active()) return;
+  if (RestTimer_ != nullptr) RestTimer_->stop();
+  Reading_.reset();
   Store_.reset();
   Row_ = CalculatedRow_ = -1;
   Bof_ = Eof_ = true;
@@ -115,7 +245,13 @@ void TDataSet::Close() {
   Q_EMIT Closed();
 }
 
-int TDataSet::RecordCount() const { return Store_ ? Store_->RowCount() : 0; }
+int TDataSet::KnownRows() const { return Store_ ? Store_->RowCount() : 0; }
+
+// That the rows are read late is none of the caller's business.
+int TDataSet::RecordCount() const {
+  const_cast<TDataSet*>(this)->ReadToEnd();
+  return KnownRows();
+}
 
 std::size_t TDataSet::SnapshotBytes() const { return Store_ ? Store_->ByteCount() : 0; }
 
@@ -143,7 +279,8 @@ void TDataSet::Last() {
 void TDataSet::Next() {
   if (IsEmpty()) return;
   Bof_ = false;
-  Eof_ = Row_ + 1 >= RecordCount();
+  if (Row_ + 1 >= KnownRows()) ReadToEnd();
+  Eof_ = Row_ + 1 >= KnownRows();
   if (!Eof_) GoTo(Row_ + 1);
 }
 
@@ -156,14 +293,16 @@ void TDataSet::Prior() {
 
 void TDataSet::SetRecNo(int RecNo) {
   if (IsEmpty()) return;
+  if (RecNo > KnownRows()) ReadToEnd();
   Bof_ = Eof_ = false;
-  GoTo(std::clamp(RecNo, 1, RecordCount()) - 1);
+  GoTo(std::clamp(RecNo, 1, KnownRows()) - 1);
 }
 
 template <typename TEquals>
 bool TDataSet::LocateWhere(const std::string& FieldName, TEquals Equals) {
   const TField* Field = FieldByName(FieldName);
-  for (int Row = 0; Row < RecordCount(); ++Row) {
+  for (int Row = 0; Row < KnownRows() || !IsComplete(); ++Row) {
+    if (Row >= KnownRows() && (!ReadToEnd() || Row >= KnownRows())) break;
     {
       const TRowScope Scope(*this, Row);
       if (Field->IsNull() || !Equals(*Field)) continue;

@@ -6,8 +6,10 @@
 #include <QVariant>
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cstring>
 #include <optional>
+#include <thread>
 #include <vector>
 
 #include "ads/Cursor.h"
@@ -87,16 +89,37 @@ class TStatementHandle {
   /// The connection was closed, which has freed the statement.
   void Abandon() { Handle_ = nullptr; }
 
-  void Execute(const std::string& Sql) {
-    const QString Text = QString::fromStdString(Sql);
-    auto* Wide = const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(Text.utf16()));
-    Require(SQLExecDirectW(Handle_, Wide, static_cast<SQLINTEGER>(Text.size())));
+  void Execute(const std::string& Sql) { Require(ExecuteWide(QString::fromStdString(Sql))); }
+
+  /// Lets the driver give back from a statement before it is executed, where it can.
+  void AllowAsynchronous() {
+    SQLUINTEGER Mode = SQL_AM_NONE;
+    SQLGetInfo(Connection_, SQL_ASYNC_MODE, &Mode, sizeof Mode, nullptr);
+    if (Mode == SQL_AM_STATEMENT) SetAsynchronous(SQL_ASYNC_ENABLE_ON);
   }
 
-  /// Hands the bytes over as they are.
-  void ExecuteBytes(const std::string& Sql) {
-    auto* Bytes = const_cast<SQLCHAR*>(reinterpret_cast<const SQLCHAR*>(Sql.data()));
-    Require(SQLExecDirect(Handle_, Bytes, static_cast<SQLINTEGER>(Sql.size())));
+  /// Whether the statement has been executed; else it is to be called again, with the same text. `AsBytes` hands its
+  /// bytes over as they are.
+  bool HasExecuted(const std::string& Sql, bool AsBytes) {
+    const SQLRETURN Code = AsBytes ? ExecuteBytes(Sql) : ExecuteWide(QString::fromStdString(Sql));
+    IsExecuting_ = Code == SQL_STILL_EXECUTING;
+    if (IsExecuting_) return false;
+    Require(Code);
+    SetAsynchronous(SQL_ASYNC_ENABLE_OFF);
+    return true;
+  }
+
+  /// Ends a statement that is still being executed, as far as the driver does that within a moment.
+  void Cancel(const std::string& Sql, bool AsBytes) {
+    if (!IsExecuting_) return;
+    constexpr std::chrono::milliseconds Moment(800);
+    const auto End = std::chrono::steady_clock::now() + Moment;
+    SQLCancel(Handle_);
+    while (IsExecuting_ && std::chrono::steady_clock::now() < End) {
+      const SQLRETURN Code = AsBytes ? ExecuteBytes(Sql) : ExecuteWide(QString::fromStdString(Sql));
+      IsExecuting_ = Code == SQL_STILL_EXECUTING;
+      if (IsExecuting_) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
   }
 
   bool Fetch() {
@@ -114,8 +137,25 @@ class TStatementHandle {
   }
 
  private:
+  SQLRETURN ExecuteWide(const QString& Text) {
+    auto* Wide = const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(Text.utf16()));
+    return SQLExecDirectW(Handle_, Wide, static_cast<SQLINTEGER>(Text.size()));
+  }
+  SQLRETURN ExecuteBytes(const std::string& Sql) {
+    auto* Bytes = const_cast<SQLCHAR*>(reinterpret_cast<const SQLCHAR*>(Sql.data()));
+    return SQLExecDirect(Handle_, Bytes, static_cast<SQLINTEGER>(Sql.size()));
+  }
+  void SetAsynchronous(SQLULEN Mode) {
+    if (Mode == IsAsynchronous_) return;
+    if (Succeeded(SQLSetStmtAttr(Handle_, SQL_ATTR_ASYNC_ENABLE, reinterpret_cast<SQLPOINTER>(Mode), 0))) {
+      IsAsynchronous_ = Mode;
+    }
+  }
+
   SQLHDBC Connection_;
   SQLHSTMT Handle_ = nullptr;
+  SQLULEN IsAsynchronous_ = SQL_ASYNC_ENABLE_OFF;
+  bool IsExecuting_ = false;
 };
 
 // Reads a value in pieces into `Text`; false for a null. `Unit` is a byte or a UTF-16 unit. Each piece is as long as
@@ -168,6 +208,19 @@ class TPostgreSQLByODBC {
   /// The connection was closed, and the transaction with it.
   void Abandon() { Connection_ = nullptr; }
 
+  /// Whether what was begun has lasted: a failing statement of the host's may have ended it, and with it the rows of a
+  /// list whose driver reads them in portions, without a word.
+  bool IsStillOpen() {
+    bool Open = false;
+    try {
+      Open = IsInTransaction();
+    } catch (const EDatabaseError&) {
+      return false;  // it has failed, and is ended as such
+    }
+    if (!Open) Abandon();
+    return Open;
+  }
+
   /// Throws what the server has to say about a text that it cannot take. The driver ends the host's transaction over a
   /// text that is no SQL at all, because its own savepoint, sent together with the text, fails with it; so the server
   /// is asked what columns the text would give, and sees it as a mere argument.
@@ -217,21 +270,15 @@ bool TakesWideTexts(SQLHDBC Connection) {
 
 class TODBCCursor final : public TCursor {
  public:
-  TODBCCursor(const QSqlDatabase& Database, const std::string& Sql)
-      : Database_(Database), Connection_(ODBCHandle(Database)), Server_(ODBCServer(Connection_)) {
-    if (Server_ == TODBCServer::PostgreSQL) Scope_.emplace(Connection_).Check(Sql);
-    Statement_.emplace(Connection_);
-    if (Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
-        !TakesWideTexts(Connection_)) {
-      Statement_->ExecuteBytes(Sql);
-    } else {
-      Statement_->Execute(Sql);
-    }
-    Describe();
-  }
+  explicit TODBCCursor(const QSqlDatabase& Database)
+      : Database_(Database), Connection_(ODBCHandle(Database)), Server_(ODBCServer(Connection_)) {}
 
   ~TODBCCursor() override {
-    if (!IsConnected()) LetGo();
+    if (!IsConnected()) {
+      LetGo();
+    } else if (Statement_) {
+      Statement_->Cancel(Sql_, AsBytes_);
+    }
   }
   TODBCCursor(const TODBCCursor&) = delete;
   TODBCCursor& operator=(const TODBCCursor&) = delete;
@@ -241,13 +288,40 @@ class TODBCCursor final : public TCursor {
     return ODBCHandle(Database_) == Connection_ && (!Statement_ || Statement_->IsKnown());
   }
 
+  bool IsShareable() const override { return false; }
+
+  void Begin(const std::string& Sql) override {
+    Sql_ = Sql;
+    Statement_.reset();
+    Columns_.clear();
+    HasExecuted_ = false;
+    if (Server_ == TODBCServer::PostgreSQL) {
+      if (!Scope_) Scope_.emplace(Connection_);
+      Scope_->Check(Sql);
+    }
+    Statement_.emplace(Connection_);
+    AsBytes_ = Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
+               !TakesWideTexts(Connection_);
+    Statement_->AllowAsynchronous();
+  }
+
+  // Most drivers give back only when the statement has been executed, so the first portion may take as long as that.
+  bool GoOn(TTime Until, const TTakeRow& Take) override {
+    if (!HasExecuted_ && !Execute(Until)) return true;
+    while (Statement_ && Fetch()) {
+      if (!Take() || IsTime(Until)) return true;
+    }
+    Statement_.reset();
+    if (Scope_ && !Scope_->IsStillOpen()) {
+      Scope_.reset();
+      throw EDisturbed();
+    }
+    Scope_.reset();
+    return false;
+  }
+
   int ColumnCount() const override { return static_cast<int>(Columns_.size()); }
   std::string ColumnName(int Column) const override { return Columns_[static_cast<std::size_t>(Column)].Name; }
-
-  bool Next() override {
-    Read_ = 0;
-    return Statement_->Fetch();
-  }
 
   TValueKind Kind(int Column) override { return At(Column).Kind; }
   std::int64_t Integer(int) override { return 0; }  // no value is of that kind: whole numbers come as texts
@@ -267,6 +341,7 @@ class TODBCCursor final : public TCursor {
   // and Qt's lets go of it all the same; it is closed here, behind the last statement.
   void LetGo() {
     if (Scope_) Scope_->Abandon();
+    if (!Statement_) return;
     if (Server_ != TODBCServer::SQLite) return Statement_->Abandon();
     Statement_.reset();
     if (Succeeded(SQLDisconnect(Connection_))) SQLFreeHandle(SQL_HANDLE_DBC, Connection_);
@@ -279,6 +354,27 @@ class TODBCCursor final : public TCursor {
     double Real = 0;
     std::string Text;
   };
+
+  bool Execute(TTime Until) {
+    constexpr std::chrono::milliseconds BetweenQuestions(2);
+    while (!Statement_->HasExecuted(Sql_, AsBytes_)) {
+      if (std::chrono::steady_clock::now() >= Until) return false;
+      std::this_thread::sleep_for(BetweenQuestions);
+    }
+    HasExecuted_ = true;
+    Describe();
+    return true;
+  }
+
+  bool Fetch() {
+    Read_ = 0;
+    return Statement_->Fetch();
+  }
+
+  bool IsTime(TTime Until) {
+    constexpr unsigned RowsBetweenClockReads = 16;
+    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until;
+  }
 
   void Describe() {
     SQLSMALLINT Count = 0;
@@ -345,6 +441,10 @@ class TODBCCursor final : public TCursor {
   TODBCServer Server_;
   std::optional<TPostgreSQLByODBC> Scope_;
   std::optional<TStatementHandle> Statement_;
+  std::string Sql_;
+  bool AsBytes_ = false;
+  bool HasExecuted_ = false;
+  unsigned Rows_ = 0;
   std::vector<TColumn> Columns_;
   int Read_ = 0;      // how many columns of the current row are
   bool Wide_ = true;  // texts come as UTF-16
@@ -370,8 +470,8 @@ TODBCServer ODBCServer(void* Handle) {
   return Server.starts_with("SQLite") ? TODBCServer::SQLite : TODBCServer::Other;
 }
 
-std::unique_ptr<TCursor> OpenODBCCursor(const QSqlDatabase& Database, const std::string& Sql) {
-  return std::make_unique<TODBCCursor>(Database, Sql);
+std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase& Database) {
+  return std::make_unique<TODBCCursor>(Database);
 }
 
 }  // namespace ads

@@ -1,23 +1,25 @@
 #include <QSqlDriver>
 #include <QVariant>
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <exception>
+#include <future>
 #include <map>
 #include <mutex>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "ads/Cursor.h"
-#include "ads/PostgreSQLReading.h"
 #include "ads/PostgreSQLStatements.h"
+#include "ads/PostgreSQLTalk.h"
 #include "ads/PostgreSQLValues.h"
 
 namespace ads {
 
 namespace {
 
-using TFormat = TPostgreSQLAnswer::TFormat;
+using TFormat = TPostgreSQLTalk::TFormat;
 
 class TPostgreSQLCursor;
 
@@ -67,37 +69,56 @@ class TKeptRows {
 
 /// Reads binary values, which no setting of the session touches; a result with a column of a type that cannot be read
 /// so is asked for again as text.
+///
+/// What a query stands in makes the server itself refuse every write, and lets nothing of the query stay behind: a
+/// transaction of its own, or inside the host's transaction a savepoint, to which it goes back in the end. That takes
+/// back the locks, the settings and a failure alike.
 class TPostgreSQLCursor final : public TCursor {
  public:
-  TPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql)
-      : Database_(Database), Handle_(PostgreSQLHandle(Database)), Process_(PQbackendPID(Handle_)) {
-    Start(Sql, TFormat::Binary);
-    if (std::find(Shapes_.begin(), Shapes_.end(), TPostgreSQLShape::Unreadable) != Shapes_.end()) {
-      Finish();
-      Start(Sql, TFormat::Text);
-    }
-    const std::lock_guard Lock(Running().Mutex);
-    Running().Cursors[Handle_] = this;
+  explicit TPostgreSQLCursor(const QSqlDatabase& Database)
+      : Database_(Database), Talk_(PostgreSQLHandle(Database)), Process_(PQbackendPID(Talk_.Handle())) {
+    if (Talk_.IsLost()) Talk_.RaiseLost();
   }
-  ~TPostgreSQLCursor() override { Finish(); }
+  ~TPostgreSQLCursor() override {
+    if (IsConnected()) Abort();
+    NoLongerRunning();
+  }
   TPostgreSQLCursor(const TPostgreSQLCursor&) = delete;
   TPostgreSQLCursor& operator=(const TPostgreSQLCursor&) = delete;
 
   // A connection that was opened again may have the address of the one before, but another process on the server.
   bool IsConnected() const override {
-    if (PostgreSQLHandle(Database_) != Handle_) return false;
-    return PQstatus(Handle_) != CONNECTION_OK || PQbackendPID(Handle_) == Process_;
+    if (PostgreSQLHandle(Database_) != Talk_.Handle()) return false;
+    return Talk_.IsLost() || PQbackendPID(Talk_.Handle()) == Process_;
+  }
+
+  bool IsShareable() const override { return false; }
+
+  void Begin(const std::string& Sql) override {
+    Sql_ = Sql;
+    Format_ = TFormat::Binary;
+    Names_.clear();
+    if (Phase_ == TPhase::Reading) return EndQuery(TPhase::Asking);
+    if (Phase_ != TPhase::Idle) return;
+    LetOthersMakeWay();
+    OpenScope();
+  }
+
+  bool GoOn(TTime Until, const TTakeRow& Take) override {
+    if (HasKept_) return GiveKept(Take);
+    OnRow_ = false;
+    while (Phase_ != TPhase::Idle) {
+      if (!Talk_.Await(Until) || !IsCancelDone(Until)) return true;
+      if (!TakeAnswer()) continue;
+      OnRow_ = true;
+      if (!Take() || IsTime(Until)) return true;
+    }
+    if (Failure_) std::rethrow_exception(std::exchange(Failure_, nullptr));
+    return false;
   }
 
   int ColumnCount() const override { return static_cast<int>(Names_.size()); }
   std::string ColumnName(int Column) const override { return Names_[static_cast<std::size_t>(Column)]; }
-
-  bool Next() override {
-    if (Answer_) return NextOfServer();
-    if (Kept_.Take(Values_)) return true;
-    if (Failure_) std::rethrow_exception(Failure_);
-    return false;
-  }
 
   TValueKind Kind(int Column) override {
     if (Value(Column).data() == nullptr) return TValueKind::Null;
@@ -114,92 +135,273 @@ class TPostgreSQLCursor final : public TCursor {
     return TextOf(Shape(Column), Value(Column), Texts_[static_cast<std::size_t>(Column)]);
   }
 
-  /// Takes the rest of the rows into memory, which frees the connection for another query in the midst of this one. A
-  /// failure is kept for the reader of the rows.
+ private:
+  enum class TPhase {
+    Idle,      // nothing is open
+    Opening,   // the transaction or savepoint is being begun
+    Ending,    // what is left of a query is being waited for
+    Setting,   // the texts are being set up for a query that cannot be read otherwise
+    Asking,    // the query is to be sent
+    Reading,   // its rows come
+    Closing,   // the transaction or savepoint is being ended
+  };
+
+  TPostgreSQLShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
+  std::string_view Value(int Column) const { return Values_[static_cast<std::size_t>(Column)]; }
+
+  void LetOthersMakeWay() {
+    TPostgreSQLCursor* Before = RunningOn(Talk_.Handle());
+    if (Before == nullptr || Before == this || !Before->IsConnected()) return;
+    if (const auto MakeWay = Before->OnMakeWay) return MakeWay();  // a copy, which outlives the cursor
+    Before->KeepTheRest();
+  }
+
+  void OpenScope() {
+    const PGTransactionStatusType Status = Talk_.TakeStatus();
+    if (Status == PQTRANS_ACTIVE) {
+      throw EDatabaseError("The rows of another query are still being read from this connection.");
+    }
+    InHostsTransaction_ = Status != PQTRANS_IDLE;
+    HadFailed_ = Status == PQTRANS_INERROR;
+    std::string Sql = InHostsTransaction_ ? postgresql::Savepoint : postgresql::Begin;
+    const char* Encoding = PQparameterStatus(Talk_.Handle(), "client_encoding");
+    if (Encoding != nullptr && std::strcmp(Encoding, "UTF8") != 0) Sql += "; SET LOCAL client_encoding = 'UTF8'";
+    Talk_.Send(Sql);
+    Phase_ = TPhase::Opening;
+    IsDisturbed_ = false;
+    const std::lock_guard Lock(Running().Mutex);
+    Running().Cursors[Talk_.Handle()] = this;
+  }
+
+  void NoLongerRunning() {
+    const std::lock_guard Lock(Running().Mutex);
+    const auto Found = Running().Cursors.find(Talk_.Handle());
+    if (Found != Running().Cursors.end() && Found->second == this) Running().Cursors.erase(Found);
+  }
+
+  bool IsTime(TTime Until) {
+    constexpr unsigned RowsBetweenClockReads = 16;
+    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until;
+  }
+
+  // A request to cancel that is still under way would hit the next statement.
+  bool IsCancelDone(TTime Until) {
+    if (!Cancel_.valid()) return true;
+    if (Until == Forever) {
+      Cancel_.wait();
+    } else if (Cancel_.wait_until(Until) != std::future_status::ready) {
+      return false;
+    }
+    Cancel_ = {};
+    return true;
+  }
+
+  // Takes the next answer of the server and does what follows from it; whether it is a row.
+  bool TakeAnswer() {
+    switch (Phase_) {
+      case TPhase::Asking:
+        Talk_.SendQuery(Sql_, Format_);
+        Phase_ = TPhase::Reading;
+        return false;
+      case TPhase::Reading:
+        return TakeRow();
+      default:
+        TakeDone();
+        return false;
+    }
+  }
+
+  // An answer to statements without rows.
+  void TakeDone() {
+    const TPostgreSQLResult Answer = Talk_.Take();
+    if (Answer != nullptr) {
+      const ExecStatusType Status = PQresultStatus(Answer.get());
+      if (Status != PGRES_FATAL_ERROR) return;
+      if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Answer.get()));
+      if (Phase_ != TPhase::Ending && !Failure_) Fail(PostgreSQLMessage(Answer.get()));
+      return;
+    }
+    switch (Phase_) {
+      case TPhase::Opening:
+        if (Failure_) return CloseScope();
+        Phase_ = TPhase::Asking;
+        return;
+      case TPhase::Setting:
+        Phase_ = TPhase::Asking;
+        return;
+      case TPhase::Ending:
+        if (AfterEnding_ == TPhase::Closing) return CloseScope();
+        Phase_ = AfterEnding_;
+        if (Phase_ == TPhase::Setting) Talk_.Send(postgresql::TextSettings);
+        return;
+      default:
+        Phase_ = TPhase::Idle;
+        NoLongerRunning();
+    }
+  }
+
+  // What the host sends meanwhile throws away what was still to come.
+  bool TakeRow() {
+    Result_ = Talk_.Take();
+    if (Result_ == nullptr) {
+      IsDisturbed_ = true;
+      Failure_ = std::make_exception_ptr(EDisturbed());
+      CloseScope();
+      return false;
+    }
+    switch (PQresultStatus(Result_.get())) {
+      case PGRES_SINGLE_TUPLE:
+      case PGRES_TUPLES_OK:
+        break;
+      case PGRES_COMMAND_OK:
+      case PGRES_EMPTY_QUERY:
+        Fail("The query gives no rows.");
+        EndQuery(TPhase::Closing);
+        return false;
+      default:
+        if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Result_.get()));
+        Fail(PostgreSQLMessage(Result_.get()));
+        EndQuery(TPhase::Closing);
+        return false;
+    }
+    if (Names_.empty() && !Describe()) return false;
+    if (PQresultStatus(Result_.get()) == PGRES_TUPLES_OK) {
+      EndQuery(TPhase::Closing);
+      return false;
+    }
+    ReadValues();
+    return true;
+  }
+
+  void Fail(const std::string& Message) { Failure_ = std::make_exception_ptr(EDatabaseError(Message)); }
+
+  // Waits for the end of the answers to a query, and goes on with `After` then. One of which no more is wanted is
+  // stopped.
+  void EndQuery(TPhase After) {
+    Phase_ = TPhase::Ending;
+    AfterEnding_ = After;
+  }
+
+  // False when the query has to be asked once more, as text.
+  bool Describe() {
+    Shapes_.clear();
+    for (int Column = 0; Column < PQnfields(Result_.get()); ++Column) {
+      Names_.emplace_back(PQfname(Result_.get(), Column));
+      Shapes_.push_back(PostgreSQLShape(PQftype(Result_.get(), Column)));
+    }
+    Values_.resize(Names_.size());
+    Texts_.resize(Names_.size());
+    if (Format_ == TFormat::Text ||
+        std::find(Shapes_.begin(), Shapes_.end(), TPostgreSQLShape::Unreadable) == Shapes_.end()) {
+      return true;
+    }
+    if (PQresultStatus(Result_.get()) == PGRES_SINGLE_TUPLE) Cancel_ = Talk_.Cancel();
+    Format_ = TFormat::Text;
+    Names_.clear();
+    EndQuery(TPhase::Setting);
+    return false;
+  }
+
+  void ReadValues() {
+    for (int Column = 0; Column < ColumnCount(); ++Column) {
+      std::string_view& Value = Values_[static_cast<std::size_t>(Column)];
+      Value = {};
+      if (PQgetisnull(Result_.get(), 0, Column) != 0) continue;
+      Value = {PQgetvalue(Result_.get(), 0, Column), static_cast<std::size_t>(PQgetlength(Result_.get(), 0, Column))};
+    }
+  }
+
+  // Where the host has done something of its own in it, its work is kept. Nothing is left to be ended where the host,
+  // or the loss of the connection, has ended it.
+  void CloseScope() {
+    const PGTransactionStatusType Status = PQtransactionStatus(Talk_.Handle());
+    const bool IsOpen = Status == PQTRANS_INTRANS || Status == PQTRANS_INERROR;
+    if (!IsOpen || (HadFailed_ && InHostsTransaction_)) {
+      Phase_ = TPhase::Idle;
+      return NoLongerRunning();
+    }
+    const bool Keep = IsDisturbed_ && Status == PQTRANS_INTRANS;
+    Talk_.Send(!InHostsTransaction_ ? "ROLLBACK" : Keep ? postgresql::KeepSavepoint : postgresql::BackToSavepoint);
+    Phase_ = TPhase::Closing;
+  }
+
+  // Ends what is open, within a moment; a server that does not answer for so long is taken for lost.
+  void Abort() {
+    constexpr std::chrono::milliseconds Moment(800);
+    constexpr std::chrono::milliseconds EndIsNear(20);
+    try {
+      const TTime Now = std::chrono::steady_clock::now();
+      // A query whose rows have been read to the last one ends by itself.
+      const TTime End = Now + Moment;
+      if (Phase_ != TPhase::Idle && Phase_ != TPhase::Closing) {
+        if (!DrainFew(Now + EndIsNear)) Cancel_ = Talk_.Cancel();
+        if (!Talk_.Drain(End) || !IsCancelDone(End)) return Talk_.Cut();
+        CloseScope();
+      }
+      if (Phase_ == TPhase::Closing && !Talk_.Drain(End)) Talk_.Cut();
+    } catch (const std::exception&) {
+      // The connection is lost, and what was open with it.
+    }
+    Phase_ = TPhase::Idle;
+  }
+
+  // Whether the query has ended after a few more answers at most.
+  bool DrainFew(TTime Until) {
+    constexpr int Few = 3;
+    for (int Answers = 0; Answers < Few; ++Answers) {
+      if (!Talk_.Await(Until)) return false;
+      if (Talk_.Take() == nullptr) return true;
+    }
+    return false;
+  }
+
+  // Takes the rest of the rows into memory, which frees the connection for another query in the midst of this one. A
+  // failure is kept for the reader of the rows.
   void KeepTheRest() {
     const bool OnRow = OnRow_;
     if (OnRow) Kept_.Add(Values_);
     try {
-      while (NextOfServer()) Kept_.Add(Values_);
+      GoOn(Forever, [this] {
+        Kept_.Add(Values_);
+        return true;
+      });
     } catch (...) {
-      Failure_ = std::current_exception();
-      Finish();
+      KeptFailure_ = std::current_exception();
     }
+    HasKept_ = true;
     if (OnRow) Kept_.Take(Values_);
   }
 
- private:
-  TPostgreSQLShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
-  std::string_view Value(int Column) const { return Values_[static_cast<std::size_t>(Column)]; }
-
-  void Start(const std::string& Sql, TFormat Format) {
-    Format_ = Format;
-    std::string Settings = Format == TFormat::Text ? postgresql::TextSettings : "";
-    const char* Encoding = PQparameterStatus(Handle_, "client_encoding");
-    if (Encoding != nullptr && std::strcmp(Encoding, "UTF8") != 0) {
-      Settings += Settings.empty() ? "" : "; ";
-      Settings += "SET LOCAL client_encoding = 'UTF8'";
+  bool GiveKept(const TTakeRow& Take) {
+    while (Kept_.Take(Values_)) {
+      if (!Take()) return true;
     }
-    Scope_.emplace(Handle_, Settings);
-    Answer_.emplace(Handle_, Sql, Format);
-    HasFirst_ = Answer_->Next();
-    Describe(Answer_->Result());
-  }
-
-  void Describe(const PGresult* Result) {
-    Names_.clear();
-    Shapes_.clear();
-    for (int Column = 0; Column < PQnfields(Result); ++Column) {
-      Names_.emplace_back(PQfname(Result, Column));
-      Shapes_.push_back(PostgreSQLShape(PQftype(Result, Column)));
-    }
-    Values_.resize(Names_.size());
-    Texts_.resize(Names_.size());
-  }
-
-  bool NextOfServer() {
-    OnRow_ = HasFirst_ || Answer_->Next();
-    HasFirst_ = false;
-    if (!OnRow_) {
-      Finish();
-      return false;
-    }
-    const PGresult* Row = Answer_->Result();
-    for (int Column = 0; Column < ColumnCount(); ++Column) {
-      std::string_view& Value = Values_[static_cast<std::size_t>(Column)];
-      Value = {};
-      if (PQgetisnull(Row, 0, Column) != 0) continue;
-      Value = {PQgetvalue(Row, 0, Column), static_cast<std::size_t>(PQgetlength(Row, 0, Column))};
-    }
-    return true;
-  }
-
-  void Finish() {
-    if (!IsConnected()) {
-      if (Answer_) Answer_->Abandon();
-      if (Scope_) Scope_->Abandon();
-    }
-    Answer_.reset();
-    Scope_.reset();
-    const std::lock_guard Lock(Running().Mutex);
-    const auto Found = Running().Cursors.find(Handle_);
-    if (Found != Running().Cursors.end() && Found->second == this) Running().Cursors.erase(Found);
+    if (KeptFailure_) std::rethrow_exception(std::exchange(KeptFailure_, nullptr));
+    return false;
   }
 
   QSqlDatabase Database_;
-  PGconn* Handle_;
+  TPostgreSQLTalk Talk_;
   int Process_;  // the server's
+  TPhase Phase_ = TPhase::Idle;
+  TPhase AfterEnding_ = TPhase::Idle;
+  std::string Sql_;
   TFormat Format_ = TFormat::Binary;
-  std::optional<TPostgreSQLScope> Scope_;
-  std::optional<TPostgreSQLAnswer> Answer_;
-  bool HasFirst_ = false;  // a row was read to know the columns and is still to be given
+  bool InHostsTransaction_ = false;
+  bool HadFailed_ = false;    // the host's transaction had, before
+  bool IsDisturbed_ = false;  // by something of the host's
   bool OnRow_ = false;
+  std::shared_future<void> Cancel_;  // done when the server has heard it
+  unsigned Rows_ = 0;
+  TPostgreSQLResult Result_;  // the current row
   std::vector<std::string> Names_;
   std::vector<TPostgreSQLShape> Shapes_;
   std::vector<std::string_view> Values_;  // of the current row; without an address for a null
   std::vector<std::string> Texts_;
+  std::exception_ptr Failure_;  // raised when everything is closed
   TKeptRows Kept_;
-  std::exception_ptr Failure_;
+  bool HasKept_ = false;
+  std::exception_ptr KeptFailure_;
 };
 
 }  // namespace
@@ -212,10 +414,8 @@ pg_conn* PostgreSQLHandle(const QSqlDatabase& Database) {
   return *static_cast<PGconn* const*>(Handle.constData());
 }
 
-std::unique_ptr<TCursor> OpenPostgreSQLCursor(const QSqlDatabase& Database, const std::string& Sql) {
-  TPostgreSQLCursor* Before = RunningOn(PostgreSQLHandle(Database));
-  if (Before != nullptr && Before->IsConnected()) Before->KeepTheRest();
-  return std::make_unique<TPostgreSQLCursor>(Database, Sql);
+std::unique_ptr<TCursor> NewPostgreSQLCursor(const QSqlDatabase& Database) {
+  return std::make_unique<TPostgreSQLCursor>(Database);
 }
 
 }  // namespace ads

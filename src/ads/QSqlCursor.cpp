@@ -4,6 +4,8 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QVariant>
+#include <chrono>
+#include <utility>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
@@ -19,20 +21,25 @@ std::string MessageOf(const QSqlError& Error) {
 
 class TQSqlCursor final : public TCursor {
  public:
-  TQSqlCursor(const QSqlDatabase& Database, const std::string& Sql) : Database_(Database), Query_(Database) {
+  explicit TQSqlCursor(const QSqlDatabase& Database) : Database_(Database), Query_(Database) {
     Query_.setForwardOnly(true);
-    if (!Query_.exec(QString::fromStdString(Sql))) throw EDatabaseError(MessageOf(Query_.lastError()));
-    if (!Query_.isSelect()) throw EDatabaseError("The query gives no rows.");
-    Record_ = Query_.record();
-    Texts_.resize(static_cast<std::size_t>(Record_.count()));
   }
 
   bool IsConnected() const override { return Database_.isOpen(); }
   int ColumnCount() const override { return Record_.count(); }
   std::string ColumnName(int Column) const override { return Record_.fieldName(Column).toStdString(); }
-  bool Next() override {
-    if (Query_.next()) return true;
+  bool IsShareable() const override { return false; }
+
+  void Begin(const std::string& Sql) override { Sql_ = Sql; }
+
+  // Qt's drivers give back only when the statement has been executed.
+  bool GoOn(TTime Until, const TTakeRow& Take) override {
+    if (!Sql_.empty()) Execute(std::exchange(Sql_, {}));
+    while (Query_.next()) {
+      if (!Take() || std::chrono::steady_clock::now() >= Until) return true;
+    }
     if (Query_.lastError().isValid()) throw EDatabaseError(MessageOf(Query_.lastError()));
+    Query_.finish();
     return false;
   }
   TValueKind Kind(int Column) override {
@@ -73,7 +80,15 @@ class TQSqlCursor final : public TCursor {
   }
 
  private:
+  void Execute(const std::string& Sql) {
+    if (!Query_.exec(QString::fromStdString(Sql))) throw EDatabaseError(MessageOf(Query_.lastError()));
+    if (!Query_.isSelect()) throw EDatabaseError("The query gives no rows.");
+    Record_ = Query_.record();
+    Texts_.resize(static_cast<std::size_t>(Record_.count()));
+  }
+
   QSqlDatabase Database_;
+  std::string Sql_;  // to be executed
   QSqlQuery Query_;
   QSqlRecord Record_;
   std::vector<std::string> Texts_;
@@ -81,8 +96,8 @@ class TQSqlCursor final : public TCursor {
 
 }  // namespace
 
-std::unique_ptr<TCursor> OpenQSqlCursor(const QSqlDatabase& Database, const std::string& Sql) {
-  return std::make_unique<TQSqlCursor>(Database, Sql);
+std::unique_ptr<TCursor> NewQSqlCursor(const QSqlDatabase& Database) {
+  return std::make_unique<TQSqlCursor>(Database);
 }
 
 }  // namespace ads

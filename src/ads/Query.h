@@ -26,7 +26,7 @@ class ZULADS_EXPORT TAdsQuery : public TDataSet {
   void AllowFunctions(std::vector<std::string> Names) { AllowedFunctions_ = std::move(Names); }
 
  protected:
-  std::unique_ptr<TCursor> OpenCursor() override;
+  TListStatements Statements(int PageRows) const override;
 
  private:
   TSQLLines SQL_;

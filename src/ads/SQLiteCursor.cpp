@@ -3,14 +3,18 @@
 #include <QSqlDriver>
 #include <QSqlQuery>
 #include <QVariant>
+#include <chrono>
 #include <cstring>
+#include <exception>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <set>
-#include <vector>
+#include <utility>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/Fiber.h"
 #include "ads/sql/LikePattern.h"
 #include "zulcommon/Text.h"
 
@@ -24,29 +28,6 @@ std::string_view ValueText(sqlite3_value* Value) {
   const auto* Bytes = reinterpret_cast<const char*>(sqlite3_value_text(Value));
   if (Bytes == nullptr) return {};
   return {Bytes, static_cast<std::size_t>(sqlite3_value_bytes(Value))};
-}
-
-// zul_upper(text): the upper-casing of the dialogs. The buffer is reused: a sort over a million rows calls this once a row.
-void Upper(sqlite3_context* Context, int, sqlite3_value** Args) {
-  if (sqlite3_value_type(Args[0]) == SQLITE_NULL) return;
-  static thread_local std::string Buffer;
-  Buffer.clear();
-  zulcommon::AppendUpperCase(Buffer, ValueText(Args[0]));
-  sqlite3_result_text64(Context, Buffer.data(), Buffer.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-  if (Buffer.capacity() > 1 << 20) std::string().swap(Buffer);
-}
-
-// zul_like(text, pattern): exact case. The pattern is the same in every row, so it is read once a statement.
-void Like(sqlite3_context* Context, int, sqlite3_value** Args) {
-  if (sqlite3_value_type(Args[0]) == SQLITE_NULL || sqlite3_value_type(Args[1]) == SQLITE_NULL) return;
-  auto* Pattern = static_cast<sql::TLikePattern*>(sqlite3_get_auxdata(Context, 1));
-  if (Pattern != nullptr) {
-    sqlite3_result_int(Context, Pattern->Matches(ValueText(Args[0])));
-    return;
-  }
-  auto Fresh = std::make_unique<sql::TLikePattern>(ValueText(Args[1]));
-  sqlite3_result_int(Context, Fresh->Matches(ValueText(Args[0])));
-  sqlite3_set_auxdata(Context, 1, Fresh.release(), [](void* Old) { delete static_cast<sql::TLikePattern*>(Old); });
 }
 
 // The connections that have the functions. SQLite tells when one is closed, so that a handle that is used anew
@@ -84,22 +65,68 @@ void RequireSameLibrary(const QSqlDatabase& Database) {
   }
 }
 
+}  // namespace
+
+/// A statement that is read on a stack of its own, because SQLite sorts a whole list within one call. The call is left
+/// in its midst, and gone on with later, from inside a function of ours that it calls for a row: there SQLite allows
+/// the connection to be used for something else. Only where it calls none for long is it left from its progress handler,
+/// where SQLite forbids that.
 class TSQLiteCursor final : public TCursor {
  public:
-  TSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql)
-      : Database_(Database), Handle_(SQLiteHandle(Database)) {
-    const char* Tail = nullptr;
-    const int Result = sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
-    if (Result != SQLITE_OK) Fail(Handle_);
-    if (Statement_ == nullptr || Tail != Sql.data() + Sql.size()) Refuse("The query is not one single statement.");
-    if (sqlite3_stmt_readonly(Statement_) == 0) Refuse("The query does not only read.");
-  }
+  explicit TSQLiteCursor(const QSqlDatabase& Database) : Database_(Database), Handle_(SQLiteHandle(Database)) {}
   ~TSQLiteCursor() override {
+    StopReading();
+    sqlite3_finalize(Before_);
     sqlite3_finalize(Statement_);
     if (!IsConnected() && IsRegistered(Handle_)) sqlite3_close(Handle_);
   }
   TSQLiteCursor(const TSQLiteCursor&) = delete;
   TSQLiteCursor& operator=(const TSQLiteCursor&) = delete;
+
+  // What was begun before ends behind the first step of this one only: SQLite keeps its state of the data for as long
+  // as any statement is being read.
+  void Begin(const std::string& Sql) override {
+    StopReading();
+    sqlite3_finalize(Before_);
+    Before_ = std::exchange(Statement_, nullptr);
+    const char* Tail = nullptr;
+    const int Result = sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
+    if (Result != SQLITE_OK) Fail(Handle_);
+    if (Statement_ == nullptr || Tail != Sql.data() + Sql.size()) Refuse("The query is not one single statement.");
+    if (sqlite3_stmt_readonly(Statement_) == 0) Refuse("The query does not only read.");
+    Changes_ = sqlite3_total_changes64(Handle_);
+  }
+
+  bool GoOn(TTime Until, const TTakeRow& Take) override {
+    if (MindsChanges && sqlite3_total_changes64(Handle_) != Changes_) {
+      StopReading();
+      throw EDisturbed();
+    }
+    Until_ = Until;
+    Take_ = &Take;
+    HasEnded_ = false;
+    if (Until == Forever && !Fiber_) {
+      while (Step()) continue;
+    } else {
+      GoOnInside();
+    }
+    return !HasEnded_;
+  }
+
+  bool IsShareable() const override { return !InProgressHandler_; }
+
+  /// The cursor on whose stack this thread is; null on its own.
+  static TSQLiteCursor*& Running() {
+    static thread_local TSQLiteCursor* Instance = nullptr;
+    return Instance;
+  }
+
+  /// For a function that the statement calls: gives way when it is time to. False when the statement is to end.
+  bool TakeTurn() {
+    constexpr unsigned CallsBetweenClockReads = 64;
+    if (++Calls_ % CallsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until_) Fiber_->Yield();
+    return !IsStopping_;
+  }
 
   // SQLite does not close a connection under a running statement, so that the handle is this one's as long as it lives;
   // Qt's driver, which has let go of it by then, would leave it open for good.
@@ -109,12 +136,6 @@ class TSQLiteCursor final : public TCursor {
   std::string ColumnName(int Column) const override {
     const char* Name = sqlite3_column_name(Statement_, Column);
     return Name != nullptr ? Name : "";
-  }
-  bool Next() override {
-    const int Result = sqlite3_step(Statement_);
-    if (Result == SQLITE_ROW) return true;
-    if (Result != SQLITE_DONE) Fail(Handle_);
-    return false;
   }
   TValueKind Kind(int Column) override {
     switch (sqlite3_column_type(Statement_, Column)) {
@@ -143,10 +164,123 @@ class TSQLiteCursor final : public TCursor {
     throw EDatabaseError(Why);
   }
 
+  // Whether there is more to be done at once.
+  bool Step() {
+    const int Result = sqlite3_step(Statement_);
+    if (Before_ != nullptr) sqlite3_finalize(std::exchange(Before_, nullptr));
+    if (Result == SQLITE_DONE) HasEnded_ = true;
+    if (Result == SQLITE_ROW) return !IsStopping_ && (*Take_)();
+    if (Result != SQLITE_DONE && !IsStopping_) Fail(Handle_);
+    return false;
+  }
+
+  bool IsTime() {
+    constexpr unsigned RowsBetweenClockReads = 16;
+    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until_;
+  }
+
+  // What runs on the stack of its own.
+  void ReadInside() {
+    try {
+      while (!HasEnded_ && !IsStopping_) {
+        if (!Step() || IsTime()) {
+          if (!HasEnded_ && !IsStopping_) Fiber_->Yield();
+        }
+      }
+    } catch (...) {
+      Failure_ = std::current_exception();
+    }
+  }
+
+  void GoOnInside() {
+    if (!Fiber_) Fiber_ = std::make_unique<TFiber>([this] { ReadInside(); });
+    TSQLiteCursor* const Outer = std::exchange(Running(), this);
+    constexpr int StepsBetweenCalls = 5000;
+    sqlite3_progress_handler(Handle_, StepsBetweenCalls, Progress, this);
+    Fiber_->Resume();
+    sqlite3_progress_handler(Handle_, 0, nullptr, nullptr);
+    Running() = Outer;
+    Changes_ = sqlite3_total_changes64(Handle_);
+    if (!Fiber_->HasEnded()) return;
+    Fiber_.reset();
+    if (Failure_) std::rethrow_exception(std::exchange(Failure_, nullptr));
+  }
+
+  // Nonzero ends the statement, and no other of the connection.
+  static int Progress(void* Self) {
+    auto& Cursor = *static_cast<TSQLiteCursor*>(Self);
+    if (Running() != &Cursor) return 0;
+    // A function of ours is a better place, if one is called.
+    constexpr std::chrono::milliseconds Patience(20);
+    if (!Cursor.IsStopping_ && Cursor.Until_ != Forever && std::chrono::steady_clock::now() >= Cursor.Until_ + Patience) {
+      Cursor.InProgressHandler_ = true;
+      Cursor.Fiber_->Yield();
+      Cursor.InProgressHandler_ = false;
+    }
+    return Cursor.IsStopping_ ? 1 : 0;
+  }
+
+  void StopReading() {
+    if (!Fiber_) return;
+    IsStopping_ = true;
+    try {
+      while (Fiber_) GoOnInside();
+    } catch (...) {
+      // It is of no more interest.
+    }
+    Failure_ = nullptr;
+    IsStopping_ = false;
+  }
+
   QSqlDatabase Database_;
   sqlite3* Handle_;
   sqlite3_stmt* Statement_ = nullptr;
+  sqlite3_stmt* Before_ = nullptr;  // the one before, which is ended later
+  std::unique_ptr<TFiber> Fiber_;
+  TTime Until_ = Forever;
+  const TTakeRow* Take_ = nullptr;
+  std::exception_ptr Failure_;
+  sqlite3_int64 Changes_ = 0;  // by all statements of the connection, when this one was left last
+  unsigned Calls_ = 0;
+  unsigned Rows_ = 0;
+  bool HasEnded_ = false;
+  bool IsStopping_ = false;
+  bool InProgressHandler_ = false;
 };
+
+namespace {
+
+// Where a statement that is being read may be left. False, and then it has failed, when it is to end.
+bool TakeTurn(sqlite3_context* Context) {
+  TSQLiteCursor* Running = TSQLiteCursor::Running();
+  if (Running == nullptr || Running->TakeTurn()) return true;
+  sqlite3_result_error(Context, "The query was stopped.", -1);
+  return false;
+}
+
+// zul_upper(text): the upper-casing of the dialogs. The buffer is reused: a sort over a million rows calls this once a row.
+void Upper(sqlite3_context* Context, int, sqlite3_value** Args) {
+  if (!TakeTurn(Context) || sqlite3_value_type(Args[0]) == SQLITE_NULL) return;
+  static thread_local std::string Buffer;
+  Buffer.clear();
+  zulcommon::AppendUpperCase(Buffer, ValueText(Args[0]));
+  sqlite3_result_text64(Context, Buffer.data(), Buffer.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  if (Buffer.capacity() > 1 << 20) std::string().swap(Buffer);
+}
+
+// zul_like(text, pattern): exact case. The pattern is the same in every row, so it is read once a statement.
+void Like(sqlite3_context* Context, int, sqlite3_value** Args) {
+  if (!TakeTurn(Context)) return;
+  if (sqlite3_value_type(Args[0]) == SQLITE_NULL || sqlite3_value_type(Args[1]) == SQLITE_NULL) return;
+  auto* Pattern = static_cast<sql::TLikePattern*>(sqlite3_get_auxdata(Context, 1));
+  if (Pattern != nullptr) {
+    sqlite3_result_int(Context, Pattern->Matches(ValueText(Args[0])));
+    return;
+  }
+  auto Fresh = std::make_unique<sql::TLikePattern>(ValueText(Args[1]));
+  sqlite3_result_int(Context, Fresh->Matches(ValueText(Args[0])));
+  sqlite3_set_auxdata(Context, 1, Fresh.release(), [](void* Old) { delete static_cast<sql::TLikePattern*>(Old); });
+}
 
 }  // namespace
 
@@ -172,8 +306,8 @@ void RegisterSQLiteFunctions(sqlite3* Handle) {
   }
 }
 
-std::unique_ptr<TCursor> OpenSQLiteCursor(const QSqlDatabase& Database, const std::string& Sql) {
-  return std::make_unique<TSQLiteCursor>(Database, Sql);
+std::unique_ptr<TCursor> NewSQLiteCursor(const QSqlDatabase& Database) {
+  return std::make_unique<TSQLiteCursor>(Database);
 }
 
 }  // namespace ads

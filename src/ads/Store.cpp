@@ -95,6 +95,7 @@ TStore::TStore(std::vector<TFieldType> Columns) : Columns_(std::move(Columns)), 
 
 void TStore::AppendRow(TCursor& Cursor, const std::vector<int>& Sources) {
   if (RowCount_ == std::numeric_limits<int>::max()) throw EDatabaseError("The list has too many rows.");
+  if (Offsets_.size() == PageRows) PackPage();
   const std::size_t Start = Bytes_.size();
   if (Start > std::numeric_limits<std::uint32_t>::max()) throw EDatabaseError("The list's rows are too long.");
   Offsets_.push_back(static_cast<std::uint32_t>(Start));
@@ -106,7 +107,6 @@ void TStore::AppendRow(TCursor& Cursor, const std::vector<int>& Sources) {
     }
   }
   ++RowCount_;
-  if (Offsets_.size() == PageRows) PackPage();
 }
 
 bool TStore::AppendValue(TCursor& Cursor, int Source, TFieldType Type) {
@@ -144,6 +144,31 @@ void TStore::PackPage() {
   Bytes_.clear();
 }
 
+// Makes the last packed page the one that is being filled again.
+void TStore::UnpackPage() {
+  const std::unique_ptr<char[]> Page = std::move(Pages_.back());
+  Pages_.pop_back();
+  constexpr std::size_t IndexBytes = PageRows * sizeof(std::uint32_t);
+  Offsets_.resize(PageRows);
+  std::memcpy(Offsets_.data(), Page.get(), IndexBytes);
+  for (std::uint32_t& Offset : Offsets_) Offset -= static_cast<std::uint32_t>(IndexBytes);
+  const char* const First = Page.get() + IndexBytes;
+  Bytes_.assign(First, Find(First + Offsets_.back(), ColumnCount()));
+  PageBytes_ -= IndexBytes + Bytes_.size();
+}
+
+void TStore::Truncate(int RowCount) {
+  if (RowCount >= RowCount_) return;
+  RowCount_ = RowCount;
+  const auto Full = static_cast<std::size_t>(RowCount / PageRows);
+  const auto Left = static_cast<std::size_t>(RowCount % PageRows);
+  while (Pages_.size() > Full) UnpackPage();
+  if (Left < Offsets_.size()) {
+    Bytes_.resize(Offsets_[Left]);
+    Offsets_.resize(Left);
+  }
+}
+
 void TStore::Finish() {
   if (!Offsets_.empty()) PackPage();
   std::string().swap(Bytes_);
@@ -152,8 +177,16 @@ void TStore::Finish() {
 }
 
 const char* TStore::RowStart(int Row) const {
-  const char* Page = Pages_[static_cast<std::size_t>(Row / PageRows)].get();
-  return Page + ReadBytes<std::uint32_t>(Page + static_cast<std::size_t>(Row % PageRows) * sizeof(std::uint32_t));
+  const auto Number = static_cast<std::size_t>(Row / PageRows);
+  const auto Place = static_cast<std::size_t>(Row % PageRows);
+  if (Number == Pages_.size()) return Bytes_.data() + Offsets_[Place];
+  const char* Page = Pages_[Number].get();
+  return Page + ReadBytes<std::uint32_t>(Page + Place * sizeof(std::uint32_t));
+}
+
+std::string_view TStore::RowBytes(int Row) const {
+  const char* const Start = RowStart(Row);
+  return {Start, static_cast<std::size_t>(Find(Start, ColumnCount()) - Start)};
 }
 
 bool TStore::IsNull(int Row, int Column) const {
@@ -161,9 +194,8 @@ bool TStore::IsNull(int Row, int Column) const {
   return (Byte >> (Column % 8) & 1U) != 0;
 }
 
-// Where the value of a column starts: behind those of the columns before it.
-const char* TStore::Find(int Row, int Column) const {
-  const char* Nulls = RowStart(Row);
+// Where the value of a column starts: behind those of the columns before it. Behind the last column: where the row ends.
+const char* TStore::Find(const char* Nulls, int Column) const {
   const char* At = Nulls + NullBytes_;
   for (int Before = 0; Before < Column; ++Before) {
     if ((static_cast<unsigned char>(Nulls[Before / 8]) >> (Before % 8) & 1U) != 0) continue;
@@ -187,18 +219,19 @@ const char* TStore::Find(int Row, int Column) const {
 }
 
 std::string_view TStore::Text(int Row, int Column) const {
-  const char* At = Find(Row, Column);
+  const char* At = Find(RowStart(Row), Column);
   const std::size_t Length = ReadLength(At);
   return {At, Length};
 }
 
 std::int32_t TStore::Integer(int Row, int Column) const {
-  const char* At = Find(Row, Column);
+  const char* At = Find(RowStart(Row), Column);
   return Columns_[static_cast<std::size_t>(Column)] == TFieldType::ftBoolean ? *At : ReadBytes<std::int32_t>(At);
 }
 
-double TStore::Real(int Row, int Column) const { return ReadBytes<double>(Find(Row, Column)); }
+double TStore::Real(int Row, int Column) const { return ReadBytes<double>(Find(RowStart(Row), Column)); }
 
-std::size_t TStore::ByteCount() const { return PageBytes_ + Pages_.capacity() * sizeof(Pages_[0]) + Bytes_.capacity(); }
+std::size_t TStore::ByteCount() const { return PageBytes_ + Pages_.capacity() * sizeof(Pages_[0]) + Bytes_.capacity() +
+         Offsets_.capacity() * sizeof(Offsets_[0]); }
 
 }  // namespace ads

@@ -12,7 +12,8 @@ namespace ads {
 
 class TCursor;
 
-/// The rows of an open dataset, packed: a snapshot that is filled once and read in any order.
+/// The rows of an open dataset, packed: a snapshot that is filled from its beginning to its end and read in any order,
+/// also while it is being filled.
 ///
 /// A row is a bitmap of its nulls and the bytes of its values, behind one another; 256 rows share one page, allocated to the byte. So a
 /// list costs little more than its bytes (five or six bytes a row and one a text), whatever its length, and a row that is
@@ -28,8 +29,14 @@ class TStore {
   /// its column's type becomes null.
   void AppendRow(TCursor& Cursor, const std::vector<int>& Sources);
 
+  /// The bytes of a row; equal for rows of equal values.
+  std::string_view RowBytes(int Row) const;
+
   /// Packs what was appended last; to be called once, behind the last row.
   void Finish();
+
+  /// Forgets all rows but the first `RowCount`.
+  void Truncate(int RowCount);
 
   bool IsNull(int Row, int Column) const;
   std::string_view Text(int Row, int Column) const;     ///< of a text column
@@ -43,9 +50,10 @@ class TStore {
   static constexpr int PageRows = 256;
 
   const char* RowStart(int Row) const;
-  const char* Find(int Row, int Column) const;
+  const char* Find(const char* Row, int Column) const;
   bool AppendValue(TCursor& Cursor, int Source, TFieldType Type);
   void PackPage();
+  void UnpackPage();
 
   std::vector<TFieldType> Columns_;
   std::size_t NullBytes_;
@@ -53,7 +61,7 @@ class TStore {
   std::size_t PageBytes_ = 0;
   std::vector<std::unique_ptr<char[]>> Pages_;
 
-  // The page that is being filled.
+  // The page that is being filled, or is full and still to be packed. Offsets count from the start of its bytes.
   std::vector<std::uint32_t> Offsets_;
   std::string Bytes_;
 };

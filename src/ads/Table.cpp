@@ -1,7 +1,6 @@
 #include "ads/Table.h"
 
 #include "ads/Connection.h"
-#include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
 
 namespace ads {
@@ -36,12 +35,12 @@ std::string TAdsTable::SelectText() const {
   return "SELECT " + Columns + " FROM [" + TableName_ + "]";
 }
 
-std::unique_ptr<TCursor> TAdsTable::OpenFirst(const std::string& Select) {
-  TAdsConnection& Connection = RequireConnection();
-  return Connection.OpenCursor(Connection.Dialect().FirstRowOnly(Select));
+TListStatements TAdsTable::First(const std::string& Select) const {
+  const TAdsConnection& Connection = RequireConnection();
+  return Connection.Statements(Connection.Dialect().FirstRowOnly(Select), {}, 0);
 }
 
-std::unique_ptr<TCursor> TAdsTable::OpenCursor() { return OpenFirst(SelectText()); }
+TListStatements TAdsTable::Statements(int) const { return First(SelectText()); }
 
 bool TAdsTable::FindKey(const std::string& Key) { return FindLiteral(TextLiteral(Key)); }
 bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Key)); }
@@ -49,7 +48,7 @@ bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Ke
 bool TAdsTable::FindLiteral(const std::string& Literal) {
   if (!Active()) throw EDatabaseError("Table " + TableName_ + " is not open.");
   if (KeyColumn_.empty()) throw EDatabaseError("Table " + TableName_ + " has no index to find a key with.");
-  Load(OpenFirst(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal));
+  Load(First(SelectText() + " WHERE [" + KeyColumn_ + "] = " + Literal));
   return !IsEmpty();
 }
 

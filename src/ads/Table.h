@@ -28,12 +28,12 @@ class ZULADS_EXPORT TAdsTable : public TDataSet {
   bool FindKey(std::int32_t Key);
 
  protected:
-  std::unique_ptr<TCursor> OpenCursor() override;
+  TListStatements Statements(int PageRows) const override;
   int MaxRows() const override { return 1; }
 
  private:
   std::string SelectText() const;
-  std::unique_ptr<TCursor> OpenFirst(const std::string& Select);
+  TListStatements First(const std::string& Select) const;
   bool FindLiteral(const std::string& Literal);
 
   std::string TableName_;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <exception>
 
@@ -79,6 +80,7 @@ void TDBGrid::SetUpBehaviour() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollMode(ScrollPerPixel);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TDBGrid::WantEnd);
 }
 
 void TDBGrid::SetDataSet(ads::TDataSet* DataSet) {
@@ -87,6 +89,8 @@ void TDBGrid::SetDataSet(ads::TDataSet* DataSet) {
   if (DataSet != nullptr) {
     connect(DataSet, &ads::TDataSet::Opened, this, &TDBGrid::ResetRows);
     connect(DataSet, &ads::TDataSet::Closed, this, &TDBGrid::ResetRows);
+    connect(DataSet, &ads::TDataSet::Grown, Model_, &TDBGridModel::Grow);
+    connect(DataSet, &ads::TDataSet::Replaced, this, &TDBGrid::FollowRows);
     connect(DataSet, &ads::TDataSet::Scrolled, this, &TDBGrid::ShowCurrentRow);
     connect(DataSet, &ads::TDataSet::Refreshed, Model_, &TDBGridModel::ValuesChanged);
     connect(DataSet, &QObject::destroyed, this, &TDBGrid::ResetRows);
@@ -101,6 +105,37 @@ void TDBGrid::ResetRows() {
     Model_->Reset();
   }
   ShowCurrentRow();
+}
+
+// The rows that are seen stay where they are, whatever has come before them.
+void TDBGrid::FollowRows(const std::vector<int>& NewPlaces) {
+  const int Top = verticalScrollBar()->value();
+  ResetRows();
+  int Seen = Top;
+  while (Seen < static_cast<int>(NewPlaces.size()) && NewPlaces[static_cast<std::size_t>(Seen)] < 0) ++Seen;
+  if (Seen < static_cast<int>(NewPlaces.size())) {
+    verticalScrollBar()->setValue(NewPlaces[static_cast<std::size_t>(Seen)] - (Seen - Top));
+  }
+}
+
+// Who drags to the end of the rows that are there wants to see the end of the list.
+void TDBGrid::WantEnd(int Value) {
+  if (DataSet_ == nullptr || DataSet_->IsComplete() || Value < verticalScrollBar()->maximum() || WantsEnd_) return;
+  WantsEnd_ = true;
+  QMetaObject::invokeMethod(this, &TDBGrid::ShowEnd, Qt::QueuedConnection);
+}
+
+void TDBGrid::ShowEnd() {
+  WantsEnd_ = false;
+  if (ReadToEnd()) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+bool TDBGrid::ReadToEnd() {
+  if (DataSet_ == nullptr) return false;
+  const QPointer<TDBGrid> StillThere(this);
+  bool IsThere = false;
+  Guarded(this, [DataSet = DataSet_, &IsThere] { IsThere = DataSet->ReadToEnd(); });
+  return IsThere && StillThere != nullptr;
 }
 
 void TDBGrid::ShowCurrentRow() {
@@ -196,7 +231,7 @@ void TDBGrid::PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex&
 }
 
 void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState DrawState) {
-  if (DataSet_ == nullptr || Index.row() >= DataSet_->RecordCount()) {
+  if (DataSet_ == nullptr || Index.row() >= DataSet_->KnownRows()) {
     Canvas_->fillRect(Rect, Canvas_->brush());
     return;
   }
@@ -275,6 +310,7 @@ QModelIndex TDBGrid::moveCursor(CursorAction Action, Qt::KeyboardModifiers Modif
     case MoveHome:
       return Model_->index(0, Column);
     case MoveEnd:
+      if (!ReadToEnd()) return currentIndex();
       return Model_->index(Model_->rowCount() - 1, Column);
     default:
       return QTableView::moveCursor(Action, Modifiers);

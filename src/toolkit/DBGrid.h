@@ -90,8 +90,9 @@ class ZULTOOLKIT_EXPORT TDBGridColumns {
 /// Shows the rows of a dataset and moves its cursor: whole rows are selected, cells are never edited, column widths are
 /// the program's.
 ///
-/// The rows are read as they are painted, so a million of them cost no more than the visible ones. The current row is
-/// the dataset's, both ways. The vertical scroll bar always has its place, so that the columns stay fully visible
+/// The rows are read as they are painted, so a million of them cost no more than the visible ones. While rows of the
+/// dataset are still to come, the grid shows those that are there; the End key and dragging to the end wait for the
+/// last. The current row is the dataset's, both ways. The vertical scroll bar always has its place, so that the columns stay fully visible
 /// however many rows there are.
 ///
 /// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row.
@@ -161,6 +162,10 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   void DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState State);
   void ColumnsChanged();
   void ResetRows();
+  void FollowRows(const std::vector<int>& NewPlaces);
+  void WantEnd(int Value);
+  void ShowEnd();
+  bool ReadToEnd();
   void ShowCurrentRow();
   void ReportPaintError(const std::string& Message);
   bool HandleCharacter(const QKeyEvent& Event);
@@ -171,6 +176,7 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   TDBGridColumns Columns_;
   QPainter* Canvas_ = nullptr;
   bool Following_ = false;           // the grid is being brought to the dataset's row, or the other way round
+  bool WantsEnd_ = false;            // the end of the list is going to be shown
   bool PaintErrorReported_ = false;  // for this opening of the dataset
 };
 

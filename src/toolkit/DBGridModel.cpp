@@ -20,9 +20,17 @@ int TDBGridModel::columnCount(const QModelIndex& Parent) const {
 
 void TDBGridModel::Reset() {
   beginResetModel();
-  RowCount_ = Grid_.DataSet() != nullptr ? Grid_.DataSet()->RecordCount() : 0;
+  RowCount_ = Grid_.DataSet() != nullptr ? Grid_.DataSet()->KnownRows() : 0;
   ColumnCount_ = Grid_.Columns().Count();
   endResetModel();
+}
+
+void TDBGridModel::Grow() {
+  const int Known = Grid_.DataSet()->KnownRows();
+  if (Known <= RowCount_) return;
+  beginInsertRows({}, RowCount_, Known - 1);
+  RowCount_ = Known;
+  endInsertRows();
 }
 
 void TDBGridModel::ValuesChanged() {
@@ -36,7 +44,7 @@ void TDBGridModel::TitlesChanged() {
 QString TDBGridModel::CellText(const QModelIndex& Index) const {
   const ads::TField* Field = Grid_.Columns()[Index.column()]->Field();
   ads::TDataSet* DataSet = Grid_.DataSet();
-  if (Field == nullptr || DataSet == nullptr || Index.row() >= DataSet->RecordCount()) return {};
+  if (Field == nullptr || DataSet == nullptr || Index.row() >= DataSet->KnownRows()) return {};
   const ads::TRowScope Scope(*DataSet, Index.row());
   try {
     return QString::fromStdString(Field->DisplayText());

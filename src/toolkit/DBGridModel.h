@@ -20,6 +20,8 @@ class TDBGridModel : public QAbstractTableModel {
 
   /// Takes over the dataset's rows and the grid's columns as they are now.
   void Reset();
+  /// Takes over rows that have come behind those that were there.
+  void Grow();
   /// Tells the views that values have changed.
   void ValuesChanged();
   void TitlesChanged();

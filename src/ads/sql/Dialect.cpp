@@ -15,6 +15,10 @@ std::string TDialect::FirstRowOnly(std::string_view Select) const {
   return std::string(Select) + " LIMIT 1";
 }
 
+std::string TDialect::FirstRows(std::string_view Rewritten, int Count) const {
+  return std::string(Rewritten) + "\nLIMIT " + std::to_string(Count);
+}
+
 const char* TAdvantageDialect::Name() const {
   return "Advantage";
 }
@@ -37,6 +41,10 @@ void TAdvantageDialect::RequireUnambiguous(std::string_view Sql) const {
 std::string TAdvantageDialect::FirstRowOnly(std::string_view Select) const {
   constexpr std::string_view Verb = "SELECT";
   return std::string(Verb) + " TOP 1" + std::string(Select.substr(Verb.size()));
+}
+
+std::string TAdvantageDialect::FirstRows(std::string_view, int) const {
+  return {};
 }
 
 }  // namespace ads::sql

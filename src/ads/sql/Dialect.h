@@ -35,6 +35,10 @@ class ZULADS_EXPORT TDialect {
   /// A plain `SELECT … FROM …` of one table, with or without a condition, made to give no more than one row, so that the
   /// server need not send the others; still in the dialogs' SQL.
   virtual std::string FirstRowOnly(std::string_view Select) const;
+
+  /// A rewritten text that ends with its order, made to give no more than the first `Count` rows; empty where the
+  /// server's SQL cannot say that of every text.
+  virtual std::string FirstRows(std::string_view Rewritten, int Count) const;
 };
 
 /// Advantage itself: every text as it is. Also for every server that is not known, so a backslash right before a quote
@@ -45,6 +49,7 @@ class ZULADS_EXPORT TAdvantageDialect : public TDialect {
   std::string Rewrite(std::string_view Sql) const override;
   void RequireUnambiguous(std::string_view Sql) const override;
   std::string FirstRowOnly(std::string_view Select) const override;
+  std::string FirstRows(std::string_view Rewritten, int Count) const override;
 };
 
 /// SQLite 3.40 or later. `UPPER` becomes `zul_upper` and LIKE `zul_like(text, pattern)`, the functions that

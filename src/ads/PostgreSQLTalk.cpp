@@ -1,0 +1,113 @@
+#include "ads/PostgreSQLTalk.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <limits>
+#include <thread>
+
+#include "ads/Cursor.h"
+#include "ads/EDatabaseError.h"
+#include "zulcommon/Text.h"
+
+namespace ads {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+std::string ConnectionMessage(PGconn* Handle) {
+  return std::string(zulcommon::Trim(PQerrorMessage(Handle)));
+}
+
+// For poll: without an end, or rounded up, so that nobody asks again and again within the last millisecond.
+int MillisecondsUntil(TPostgreSQLTalk::TTime Until) {
+  if (Until == TPostgreSQLTalk::TTime::max()) return -1;
+  const auto Left = std::chrono::ceil<milliseconds>(Until - std::chrono::steady_clock::now()).count();
+  return static_cast<int>(std::clamp<std::int64_t>(Left, 0, std::numeric_limits<int>::max()));
+}
+
+void RequestCancel(PGcancel* Request) {
+  char Ignored[256];
+  PQcancel(Request, Ignored, sizeof Ignored);
+  PQfreeCancel(Request);
+}
+
+}  // namespace
+
+std::string PostgreSQLMessage(const PGresult* Result) {
+  const char* Primary = PQresultErrorField(Result, PG_DIAG_MESSAGE_PRIMARY);
+  if (Primary == nullptr) return std::string(zulcommon::Trim(PQresultErrorMessage(Result)));
+  const char* Detail = PQresultErrorField(Result, PG_DIAG_MESSAGE_DETAIL);
+  return Detail == nullptr ? Primary : std::string(Primary) + "\n" + Detail;
+}
+
+// The end of a query of the host's whose rows were all read may have arrived without having been taken note of.
+PGTransactionStatusType TPostgreSQLTalk::TakeStatus() const {
+  if (IsLost()) RaiseLost();
+  if (PQpipelineStatus(Handle_) != PQ_PIPELINE_OFF) return PQTRANS_ACTIVE;
+  if (PQtransactionStatus(Handle_) == PQTRANS_ACTIVE && PQconsumeInput(Handle_) != 0) PQisBusy(Handle_);
+  return PQtransactionStatus(Handle_);
+}
+
+void TPostgreSQLTalk::RaiseLost() const {
+  RaiseConnectionLost(ConnectionMessage(Handle_));
+}
+
+void TPostgreSQLTalk::Send(const std::string& Statements) {
+  if (PQsendQuery(Handle_, Statements.c_str()) != 0) return;
+  if (IsLost()) RaiseLost();
+  throw EDatabaseError(ConnectionMessage(Handle_));
+}
+
+void TPostgreSQLTalk::SendQuery(const std::string& Sql, TFormat Format) {
+  // Sent so, a text can hold but one statement.
+  if (PQsendQueryParams(Handle_, Sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, static_cast<int>(Format)) == 0) {
+    if (IsLost()) RaiseLost();
+    throw EDatabaseError(ConnectionMessage(Handle_));
+  }
+  PQsetSingleRowMode(Handle_);
+}
+
+bool TPostgreSQLTalk::Await(TTime Until) const {
+  while (PQisBusy(Handle_) != 0) {
+    pollfd Socket{PQsocket(Handle_), POLLIN, 0};
+    const int Ready = poll(&Socket, 1, MillisecondsUntil(Until));
+    if (Ready == 0) return false;
+    if (Ready > 0 && PQconsumeInput(Handle_) == 0) RaiseLost();
+  }
+  return true;
+}
+
+// libpq waits until the server has heard it, which one that has gone silent never does; so it waits on a thread, which
+// touches nothing but the request.
+std::shared_future<void> TPostgreSQLTalk::Cancel() const {
+  std::promise<void> Heard;
+  std::shared_future<void> Result = Heard.get_future().share();
+  PGcancel* Request = PQgetCancel(Handle_);
+  const auto Ask = [Request](std::promise<void> Done) {
+    RequestCancel(Request);
+    Done.set_value();
+  };
+  if (Request == nullptr) {
+    Heard.set_value();
+  } else {
+    std::thread(Ask, std::move(Heard)).detach();
+  }
+  return Result;
+}
+
+bool TPostgreSQLTalk::Drain(TTime Until) const {
+  while (Await(Until)) {
+    if (Take() == nullptr) return true;
+  }
+  return false;
+}
+
+void TPostgreSQLTalk::Cut() const {
+  shutdown(PQsocket(Handle_), SHUT_RDWR);
+  PQconsumeInput(Handle_);
+}
+
+}  // namespace ads
