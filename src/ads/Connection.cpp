@@ -36,6 +36,8 @@ EDatabaseError::EDatabaseError(const std::string& Message) : std::runtime_error(
 EDatabaseError::~EDatabaseError() = default;
 EConnectionLost::EConnectionLost(const std::string& Message) : EDatabaseError(Message) {}
 EConnectionLost::~EConnectionLost() = default;
+EQueryEnded::EQueryEnded(const std::string& Message) : EDatabaseError(Message) {}
+EQueryEnded::~EQueryEnded() = default;
 
 TAdsConnection::TAdsConnection(QSqlDatabase Database) : Database_(std::move(Database)) {}
 TAdsConnection::~TAdsConnection() = default;

@@ -174,6 +174,13 @@ void TDataSet::LetGo(TRest Rest) {
   if (Rest == TRest::InEventLoop) ScheduleRest();
 }
 
+void TDataSet::GiveUpRest() {
+  if (Reading_ == nullptr) return;
+  LetGo(TRest::WhenWanted);
+  Reading_.reset();
+  Store_->Finish();
+}
+
 void TDataSet::ReadRestInTurn() {
   if (Reading_ == nullptr || IsWaiting_) return;
   RestTimer_->setInterval(0);

@@ -66,6 +66,10 @@ class ZULADS_EXPORT TDataSet : public QObject {
   bool ReadToEnd();
   /// Ends the waiting in whose `OnProgress` this is called: the `Open` or `ReadToEnd` gives back soon.
   void Stop() { IsStopped_ = true; }
+  /// Whether rows are being waited for.
+  bool IsWaiting() const { return IsWaiting_; }
+  /// What is there is the whole list from now on.
+  void GiveUpRest();
   /// Lets go of the connection and the state of the data in the midst of the rest, which is read anew, and checked to be
   /// the rest of what is there, when it is wanted, or with `Rest` in the event loop.
   enum class TRest { WhenWanted, InEventLoop };

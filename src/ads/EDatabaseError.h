@@ -22,4 +22,12 @@ class ZULADS_EXPORT EConnectionLost : public EDatabaseError {
   ~EConnectionLost() override;
 };
 
+/// A query was ended from outside before its end: by the server's administrator, by a time limit that the host has set,
+/// by an interrupt. Nothing is wrong with the query, nor with the connection.
+class ZULADS_EXPORT EQueryEnded : public EDatabaseError {
+ public:
+  explicit EQueryEnded(const std::string& Message);
+  ~EQueryEnded() override;
+};
+
 }  // namespace ads

@@ -132,6 +132,10 @@ class TStatementHandle {
   void Require(SQLRETURN Code) const {
     if (Succeeded(Code) || Code == SQL_NO_DATA) return;
     const TDiagnosis Diagnosis = Diagnose(SQL_HANDLE_STMT, Handle_);
+    // PostgreSQL's own, and ODBC's for what was canceled or took too long.
+    for (const char* Ended : {"57014", "HY008", "HYT00"}) {
+      if (Diagnosis.State == Ended) throw EQueryEnded(Diagnosis.Message);
+    }
     if (!Diagnosis.State.starts_with("08") && !IsLost(Connection_)) throw EDatabaseError(Diagnosis.Message);
     RaiseConnectionLost(Diagnosis.Message);
   }

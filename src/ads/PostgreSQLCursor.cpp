@@ -218,7 +218,7 @@ class TPostgreSQLCursor final : public TCursor {
       const ExecStatusType Status = PQresultStatus(Answer.get());
       if (Status != PGRES_FATAL_ERROR) return;
       if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Answer.get()));
-      if (Phase_ != TPhase::Ending && !Failure_) Fail(PostgreSQLMessage(Answer.get()));
+      if (Phase_ != TPhase::Ending && !Failure_) FailAs(Answer.get());
       return;
     }
     switch (Phase_) {
@@ -260,7 +260,7 @@ class TPostgreSQLCursor final : public TCursor {
         return false;
       default:
         if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Result_.get()));
-        Fail(PostgreSQLMessage(Result_.get()));
+        FailAs(Result_.get());
         EndQuery(TPhase::Closing);
         return false;
     }
@@ -274,6 +274,13 @@ class TPostgreSQLCursor final : public TCursor {
   }
 
   void Fail(const std::string& Message) { Failure_ = std::make_exception_ptr(EDatabaseError(Message)); }
+
+  void FailAs(const PGresult* Answer) {
+    constexpr std::string_view Canceled = "57014";
+    const char* State = PQresultErrorField(Answer, PG_DIAG_SQLSTATE);
+    if (State == nullptr || State != Canceled) return Fail(PostgreSQLMessage(Answer));
+    Failure_ = std::make_exception_ptr(EQueryEnded(PostgreSQLMessage(Answer)));
+  }
 
   // Waits for the end of the answers to a query, and goes on with `After` then. One of which no more is wanted is
   // stopped.

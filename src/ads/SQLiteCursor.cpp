@@ -22,7 +22,10 @@ namespace ads {
 
 namespace {
 
-[[noreturn]] void Fail(sqlite3* Handle) { throw EDatabaseError(sqlite3_errmsg(Handle)); }
+[[noreturn]] void Fail(sqlite3* Handle) {
+  if (sqlite3_errcode(Handle) == SQLITE_INTERRUPT) throw EQueryEnded(sqlite3_errmsg(Handle));
+  throw EDatabaseError(sqlite3_errmsg(Handle));
+}
 
 std::string_view ValueText(sqlite3_value* Value) {
   const auto* Bytes = reinterpret_cast<const char*>(sqlite3_value_text(Value));

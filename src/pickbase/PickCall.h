@@ -1,18 +1,49 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
 
+#include "frame/zulpicklists_export.h"
+#include "toolkit/QuietLoop.h"
+
+class QLineEdit;
+
 /// The convention that every exported pick function follows, written once: create the dialog, show it, take the key
 /// when it was closed with OK, free the dialog in every case.
 namespace pickbase {
 
+/// A pick that is under way. Until its dialog is on the screen, nothing that the user does reaches another window: what
+/// is typed goes to the find box then, and Escape gives the pick up.
+class ZULPICKLISTS_EXPORT TPickCall {
+ public:
+  TPickCall();
+  ~TPickCall();
+  TPickCall(const TPickCall&) = delete;
+  TPickCall& operator=(const TPickCall&) = delete;
+
+  /// The innermost one of this thread; null when there is none.
+  static TPickCall* Current();
+
+  /// Begins to hold the input; on the thread of the user interface.
+  void HoldInput();
+  /// Called when the user gives the pick up before its dialog is shown.
+  std::function<void()> OnGiveUp;
+  /// The dialog is on the screen. What was typed so far goes into its find box; null throws it away.
+  void DialogIsUp(QLineEdit* FindBox);
+
+ private:
+  TPickCall* Outer_;
+  std::unique_ptr<toolkit::TInputHeld> Input_;
+};
+
 /// Runs one pick; `Take` reads what the user chose from the dialog. Whether something was chosen.
 template <typename TDialog, typename TTake, typename... TArgs>
 bool Pick(TTake Take, TArgs... Args) {
+  TPickCall Call;
   const std::unique_ptr<TDialog> Dialog = TDialog::Create(std::move(Args)...);
   if (!Dialog->ShowPick()) return false;
   Take(*Dialog);

@@ -7,8 +7,11 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QThread>
+#include <QTimer>
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
@@ -17,11 +20,13 @@
 #include "ads/sql/ReadingOnly.h"
 #include "frame/uZULPickListsUtils.h"
 #include "frame/uZULPickPlsWait.h"
+#include "pickbase/PickCall.h"
 #include "toolkit/ActionButton.h"
 #include "toolkit/EConvertError.h"
 #include "toolkit/EventGuard.h"
 #include "toolkit/Formats.h"
 #include "toolkit/GroupBox.h"
+#include "toolkit/QuietLoop.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
 #include "zulcommon/Text.h"
@@ -106,6 +111,10 @@ void TDocPickBase::CreateList() {
   dbgAvail = Named(new toolkit::TDBGrid(gbList), "dbgAvail");
   dbgAvail->setGeometry(Gap, ListPadding, 193, ListHeight - ListPadding - Gap);
   dbgAvail->SetDataSet(qryList_);
+  qryList_->SetFirstRowsFirst(true);
+  qryList_->OnProgress = toolkit::ServeEvents;
+  qryList_->HoldOthers = [] { return std::make_shared<toolkit::TOthersHeld>(); };
+  qryList_->OnRestFailed = [this](const std::string& Message) { toolkit::ShowError(this, Message); };
 }
 
 void TDocPickBase::CreateFind() {
@@ -174,8 +183,11 @@ void TDocPickBase::ConnectEvents() {
       TellRows();
     });
   }
-  // While rows are read, the please-wait window must stay alive.
-  qryList_->OnProgress = [] { QCoreApplication::processEvents(); };
+  connect(qryList_, &ads::TDataSet::Grown, this, &TDocPickBase::TellRows);
+  connect(qryList_, &ads::TDataSet::Replaced, this, [this] {
+    actOKUpdate();
+    TellRows();
+  });
 }
 
 // Widgets cannot exist without a QApplication, which a QCoreApplication is not, nor on another thread than its own: Qt
@@ -210,7 +222,8 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   UpdateFind();
   actOKUpdate();
   actFindUpdate();
-  if (!edFind->isHidden() && !gbFind->isHidden()) edFind->setFocus();
+  if (HasFindBox()) edFind->setFocus();
+  IsBuilt_ = true;
 }
 
 void TDocPickBase::LoadCaptions() {
@@ -248,38 +261,130 @@ void TDocPickBase::CallSetSQL() {
     QueryAgain_ = true;
     return;
   }
+  if (qryList_->IsWaiting()) {
+    // The rest of the old list is of no more interest. Who waits for it gives back first.
+    qryList_->Stop();
+    QMetaObject::invokeMethod(
+        this, [this] { Guarded(this, [this] { CallSetSQL(); }); }, Qt::QueuedConnection);
+    return;
+  }
   Querying_ = true;
   actOKUpdate();
-  struct TDone {
-    TDocPickBase& Dialog;
-    ~TDone() {
-      Dialog.Querying_ = false;
-      Dialog.actOKUpdate();
-    }
-  } const Done{*this};
-  // A dialog that was closed while its query ran has nobody left to query again for.
+  const QPointer<TDocPickBase> StillThere(this);
+  const auto Done = qScopeGuard([StillThere] {
+    if (StillThere == nullptr) return;
+    StillThere->Querying_ = false;
+    StillThere->actOKUpdate();
+  });
+  RunQueries();
+}
+
+// One query, and one more for as long as something else is wanted meanwhile. A failure is of no interest to who wants
+// something else by now. A dialog that was closed while its query ran has nobody left to query again for.
+void TDocPickBase::RunQueries() {
+  const QPointer<TDocPickBase> StillThere(this);
   const bool WasVisible = isVisible();
   do {
     QueryAgain_ = false;
-    RunQuery();
-  } while (QueryAgain_ && isVisible() == WasVisible);
+    try {
+      RunQuery();
+    } catch (...) {
+      if (StillThere == nullptr || !QueryAgain_ || isVisible() != WasVisible) throw;
+    }
+  } while (StillThere != nullptr && QueryAgain_ && isVisible() == WasVisible);
 }
 
 // One query behind the please-wait window. The window runs the event loop in a dialog that is shown already, so the
 // user may close the dialog there: nothing is left to be queried then.
 void TDocPickBase::RunQuery() {
+  using uZULPickPlsWait::TZULPickPlsWait;
+  IsStopped_ = false;
   const bool WasVisible = isVisible();
-  uZULPickPlsWait::TZULPickPlsWait Wait(this, LoadZULResString(RetrievingText), true);
+  const QPointer<TZULPickPlsWait> Wait(new TZULPickPlsWait(this, LoadZULResString(RetrievingText), false));
+  const auto Done = qScopeGuard([Wait] { delete Wait; });  // it may have gone with the dialog
+  Wait->OnEscape = [this] { StopQuery(); };
+  Wait->ShowSoon();
   if (WasVisible) {
-    QCoreApplication::processEvents();
-    if (!isVisible()) return;
+    const QPointer<TDocPickBase> StillThere(this);
+    toolkit::ServeEvents();
+    if (StillThere == nullptr || !isVisible()) return;
+  } else if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) {
+    Call->OnGiveUp = Wait->OnEscape;
   }
   SetSQL();
 }
 
+// Before the dialog is built there is nobody who could pick from what is there.
+void TDocPickBase::StopQuery() {
+  IsStopped_ = true;
+  IsGivenUp_ = !IsBuilt_;
+  QueryAgain_ = false;
+  qryList_->Stop();
+}
+
+TDocPickBase::TConstruction::TConstruction() {
+  if (pickbase::TPickCall::Current() == nullptr) Own_ = std::make_unique<pickbase::TPickCall>();
+  pickbase::TPickCall::Current()->HoldInput();
+}
+
+TDocPickBase::TConstruction::~TConstruction() {
+  if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) Call->OnGiveUp = nullptr;
+}
+
+void TDocPickBase::TConstruction::EndOf(TDocPickBase& Dialog) const {
+  if (Own_ != nullptr) Dialog.qryList_->LetGo(ads::TDataSet::TRest::InEventLoop);
+}
+
 bool TDocPickBase::ShowPick() {
+  if (IsGivenUp_) return false;
   if (!ShowIfEmpty && qryList_->Bof() && qryList_->Eof()) return false;
-  return ShowModal();
+  const QPointer<TDocPickBase> StillThere(this);
+  AwaitActivation();
+  const bool IsPicked = ShowModal();
+  if (StillThere == nullptr) return false;
+  // Nothing is read for a list that nobody looks at. The one that was picked from was the whole list.
+  if (IsPicked) {
+    qryList_->GiveUpRest();
+  } else {
+    qryList_->LetGo(ads::TDataSet::TRest::WhenWanted);
+  }
+  return IsPicked;
+}
+
+// The keyboard comes to the dialog when the window system makes it the active window, which some never tell.
+void TDocPickBase::AwaitActivation() {
+  constexpr int Patience = 500;  // milliseconds
+  auto* Timer = new QTimer(this);
+  Timer->setSingleShot(true);
+  connect(Timer, &QTimer::timeout, this, &TDocPickBase::BeUp);
+  connect(Timer, &QTimer::timeout, Timer, &QObject::deleteLater);
+  Timer->start(Patience);
+}
+
+void TDocPickBase::BeUp() {
+  pickbase::TPickCall* Call = pickbase::TPickCall::Current();
+  if (Call != nullptr && isVisible()) Call->DialogIsUp(HasFindBox() ? edFind : nullptr);
+}
+
+bool TDocPickBase::event(QEvent* Event) {
+  // Keys that were typed before are still on their way.
+  if (Event->type() == QEvent::WindowActivate && pickbase::TPickCall::Current() != nullptr) {
+    QMetaObject::invokeMethod(this, &TDocPickBase::BeUp, Qt::QueuedConnection);
+  }
+  return TForm::event(Event);
+}
+
+void TDocPickBase::closeEvent(QCloseEvent* Event) {
+  IsClosing_ = true;
+  const QPointer<TDocPickBase> StillThere(this);
+  TForm::closeEvent(Event);
+  if (StillThere != nullptr) IsClosing_ = false;
+}
+
+void TDocPickBase::reject() {
+  const bool IsWaiting = Querying_ || qryList_->IsWaiting();
+  if (IsWaiting) StopQuery();
+  if (!IsWaiting || IsClosing_) TForm::reject();
 }
 
 void TDocPickBase::AdjustWidths() {
@@ -341,6 +446,10 @@ void TDocPickBase::SetAvailableCaption(const std::string& Subject) {
 
 std::string TDocPickBase::TypedText() const {
   return edFind->text().toStdString();
+}
+
+bool TDocPickBase::HasFindBox() const {
+  return !edFind->isHidden() && !gbFind->isHidden();
 }
 
 bool TDocPickBase::HasFindText() const {
@@ -413,8 +522,10 @@ void TDocPickBase::OpenBuilt(const TQueryState& State, const TPickChoices& Choic
   TListQuery Harmless(Pattern, State, Choices, FindLines, TListQuery::TValues::Harmless);
   Recipe(Harmless);
   ads::sql::RequireShape(qryList_->SQL()->Text(), Pattern.Text());
-  qryList_->Open();
-  if (std::exchange(SearchFailed_, false)) TellRows();
+  if (IsStopped_ || !qryList_->Open()) return;
+  SearchFailed_ = false;
+  HasSearched_ = State.WithFind && FindLines;
+  TellRows();
 }
 
 void TDocPickBase::OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe) {
@@ -428,6 +539,8 @@ void TDocPickBase::OpenGuarded(const TPickChoices& Choices, const TRecipe& Recip
     return OpenBuilt(State, Choices, Recipe, true);
   } catch (const ads::EConnectionLost&) {
     throw;
+  } catch (const ads::EQueryEnded&) {
+    throw;
   } catch (const std::exception& Error) {
     Why = Error.what();
   }
@@ -440,19 +553,25 @@ void TDocPickBase::OpenWithoutFind(const TRecipe& Recipe, const std::string& Why
 
 void TDocPickBase::OpenWithoutFind(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe,
                                    const std::string& Why) {
+  const QPointer<TDocPickBase> StillThere(this);
   OpenBuilt(State, Choices, Recipe, false);
-  if (!State.WithFind) return;
+  if (StillThere == nullptr || IsStopped_ || !State.WithFind) return;
   qCWarning(PickLog) << "A search could not be done, the whole list is shown instead:" << Shown(Why);
   SearchFailed_ = true;
   TellRows();
 }
 
-// How many rows there are, for the eye and for assistive programs. The whole list must not pass for what was found.
+// How many rows there are, for the eye and for assistive programs, once it is known. The whole list must not pass for
+// what was found, nor an empty one for a list that could not be read.
 void TDocPickBase::TellRows() {
-  if (!qryList_->Active()) return lblRows->clear();
-  const int Count = qryList_->RecordCount();
-  const QString Rows = Count == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(QLocale().toString(Count));
-  const QString Text = SearchFailed_ ? QStringLiteral("The search could not be done. All %1").arg(Rows) : Rows;
+  QString Text;
+  if (qryList_->Active() && qryList_->IsComplete()) {
+    const int Count = qryList_->KnownRows();
+    Text = Count == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(QLocale().toString(Count));
+    if (SearchFailed_) Text = QStringLiteral("The search could not be done. All %1").arg(Text);
+  }
+  dbgAvail->SetEmptyText(HasSearched_ ? "Nothing found" : "");
+  if (Text == lblRows->text()) return;
   lblRows->setText(Text);
   dbgAvail->setAccessibleDescription(Text);
   dbgAvail->setToolTip(Text);

@@ -17,10 +17,15 @@
 
 class QAction;
 class QCheckBox;
+class QCloseEvent;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+
+namespace pickbase {
+class TPickCall;
+}
 
 namespace uDocPickBase {
 
@@ -47,7 +52,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// was called: false then.
   bool ShowPick();
 
-  /// Runs the query again behind the please-wait window. While a query runs already, one more run follows it.
+  /// Runs the query again behind the please-wait window, and gives back when the first rows are known or the user has
+  /// stopped it. While a query runs already, one more run follows it.
   void CallSetSQL();
 
   /// Builds the query from the find text and the choices and opens it.
@@ -80,6 +86,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   // The rules of the events. All but the updates run guarded when they come from the user.
   virtual void actOKUpdate();
   void actOKExecute();
+  /// Stops what the list is waiting for; when it waits for nothing, closes the dialog.
   void actCancelExecute();
   void actFindUpdate();
   void actFindExecute();
@@ -137,10 +144,12 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   template <typename TDialog, typename... TArgs>
   static std::unique_ptr<TDialog> Construct(ads::TAdsConnection* Connection, TArgs&&... Args) {
     RequireUserInterface();
+    const TConstruction Construction;
     std::unique_ptr<TDialog> Dialog(new TDialog(std::forward<TArgs>(Args)...));
     TDocPickBase& Base = *Dialog;
     Base.Build(Connection);
     Base.AfterCreate();
+    Construction.EndOf(Base);
     return Dialog;
   }
 
@@ -189,13 +198,32 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void OpenPlainly(const TRecipe& Recipe) { OpenPlainly(Choices_, Recipe); }
   void OpenPlainly(const TPickChoices& Choices, const TRecipe& Recipe);
 
+  /// Whether the user has stopped the query that `SetSQL` runs: what it opens from then on stays as it is.
+  bool WasStopped() const { return IsStopped_; }
+
   const TPickChoices& Choices() const { return Choices_; }
   /// Whether the trimmed find text is not empty.
   bool HasFindText() const;
   /// The find box's text as typed.
   std::string TypedText() const;
 
+  bool event(QEvent* Event) override;
+  void closeEvent(QCloseEvent* Event) override;
+  void reject() override;
+
  private:
+  /// What holds while a dialog is constructed. One that no pick call has asked for lets go of the database in the end,
+  /// because nobody knows when it will be shown.
+  class ZULPICKLISTS_EXPORT TConstruction {
+   public:
+    TConstruction();
+    ~TConstruction();
+    void EndOf(TDocPickBase& Dialog) const;
+
+   private:
+    std::unique_ptr<pickbase::TPickCall> Own_;
+  };
+
   void CreateList();
   void CreateFind();
   void CreateButtons();
@@ -214,12 +242,22 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
                        const std::string& Why);
   void TellRows();
   void RunQuery();
+  void RunQueries();
+  void StopQuery();
+  bool HasFindBox() const;
+  void AwaitActivation();
+  void BeUp();
 
   TPickChoices Choices_;
   std::vector<QCheckBox*> Boxes_;
   bool Querying_ = false;
   bool QueryAgain_ = false;
   bool SearchFailed_ = false;  // the list is the whole one because the search could not be done
+  bool HasSearched_ = false;   // the list is what was found
+  bool IsBuilt_ = false;
+  bool IsStopped_ = false;     // the query that runs, or ran last
+  bool IsGivenUp_ = false;     // the pick, before its dialog was built
+  bool IsClosing_ = false;     // by the window's close button
 };
 
 }  // namespace uDocPickBase

@@ -82,6 +82,8 @@ TDocPickMultiBase::TDocPickMultiBase() {
   qryList_->OnCalcFields = [this](ads::TDataSet&) { qryList_CalcFields(); };
   dbgAvail->OnKeyPress = [this](const QString& Text) { return Text == QLatin1String(" ") && dbgAvailKeyPress(' '); };
 
+  connect(qryList_, &ads::TDataSet::Replaced, this, &TDocPickMultiBase::FollowTicked);
+
   popAllNone = new QMenu(this);
   popAllNone->setObjectName(QStringLiteral("popAllNone"));
   mniAll = popAllNone->addAction(QStringLiteral("All"), this, [this] { Guarded(this, [this] { mniAllClick(); }); });
@@ -141,7 +143,19 @@ void TDocPickMultiBase::dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const Q
   if (Sender != nullptr) uZULPickListsUtils::GridPaint(Sender, Rect, DataCol, Column, State);
 }
 
+// A tick belongs to a record; one whose record is gone goes with it.
+void TDocPickMultiBase::FollowTicked(const std::vector<int>& NewPlaces) {
+  const std::vector<std::int32_t> Before(TickedRows.begin(), TickedRows.end());
+  TickedRows.Clear();
+  for (const std::int32_t RecNo : Before) {
+    const int Place = NewPlaces[static_cast<std::size_t>(RecNo - 1)];
+    if (Place >= 0) TickedRows.Add(Place + 1);
+  }
+  TicksChanged();
+}
+
 void TDocPickMultiBase::mniAllClick() {
+  if (!qryList_->ReadToEnd()) return;
   const ads::TDataSet::TBookmark Bookmark = qryList_->GetBookmark();
   {
     const TControlsDisabled Disabled(*qryList_);

@@ -72,6 +72,7 @@ class ZULPICKLISTS_EXPORT TDocPickMultiBase : public uDocPickBase::TDocPickBase 
 
  private:
   void TicksChanged();
+  void FollowTicked(const std::vector<int>& NewPlaces);
 };
 
 }  // namespace uDocPickMultiBase

@@ -262,6 +262,21 @@ void TDBGrid::ReportPaintError(const std::string& Message) {
       this, [this, Message] { ShowError(this, Message); }, Qt::QueuedConnection);
 }
 
+void TDBGrid::SetEmptyText(const std::string& Text) {
+  if (Text == EmptyText_) return;
+  EmptyText_ = Text;
+  viewport()->update();
+}
+
+void TDBGrid::paintEvent(QPaintEvent* Event) {
+  QTableView::paintEvent(Event);
+  if (EmptyText_.empty() || DataSet_ == nullptr || !DataSet_->Active() || !DataSet_->IsEmpty()) return;
+  QPainter Painter(viewport());
+  Painter.setFont(font());
+  Painter.setPen(palette().color(QPalette::PlaceholderText));
+  Painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(EmptyText_));
+}
+
 void TDBGrid::keyboardSearch(const QString&) {}
 
 void TDBGrid::keyPressEvent(QKeyEvent* Event) {

@@ -132,6 +132,10 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   /// being painted.
   void DefaultDrawColumnCell(const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State);
 
+  /// What stands in the middle of the grid while its open dataset has no rows; nothing until it is set.
+  void SetEmptyText(const std::string& Text);
+  const std::string& EmptyText() const { return EmptyText_; }
+
   /// The painter of the cell that is being painted, its brush the cell's background and its pen the text colour; null
   /// otherwise.
   QPainter* Canvas() const { return Canvas_; }
@@ -145,6 +149,7 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
  protected:
   void keyPressEvent(QKeyEvent* Event) override;
   void mouseDoubleClickEvent(QMouseEvent* Event) override;
+  void paintEvent(QPaintEvent* Event) override;
   void focusInEvent(QFocusEvent* Event) override;
   void focusOutEvent(QFocusEvent* Event) override;
   void currentChanged(const QModelIndex& Current, const QModelIndex& Previous) override;
@@ -175,6 +180,7 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   TDBGridModel* Model_;
   TDBGridColumns Columns_;
   QPainter* Canvas_ = nullptr;
+  std::string EmptyText_;
   bool Following_ = false;           // the grid is being brought to the dataset's row, or the other way round
   bool WantsEnd_ = false;            // the end of the list is going to be shown
   bool PaintErrorReported_ = false;  // for this opening of the dataset

@@ -17,12 +17,14 @@ void TfrmPickOEMemberOfGroup::SetSQL() {
   const int RecNo = qryList_->RecNo();
   TfrmPickOEDoc::SetSQL();
   *qryList_->SQL() = Before;
+  if (WasStopped()) return;
   try {
     OpenMembers();
   } catch (...) {
     ListAgain(RecNo);
     throw;
   }
+  if (WasStopped()) return ListAgain(RecNo);
   Listed_ = *qryList_->SQL();
 }
 
@@ -49,8 +51,11 @@ void TfrmPickOEMemberOfGroup::ListAgain(int RecNo) {
   const ads::TSQLLines Failed = *qryList_->SQL();
   *qryList_->SQL() = Listed_;
   try {
-    qryList_->Open();
-    qryList_->SetRecNo(RecNo);
+    if (qryList_->Open()) {
+      qryList_->SetRecNo(RecNo);
+    } else {
+      qryList_->Close();
+    }
   } catch (const std::exception&) {
     qryList_->Close();
   }

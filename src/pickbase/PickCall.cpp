@@ -1,0 +1,40 @@
+#include "pickbase/PickCall.h"
+
+#include <QLineEdit>
+
+namespace pickbase {
+
+namespace {
+
+TPickCall*& Innermost() {
+  static thread_local TPickCall* Instance = nullptr;
+  return Instance;
+}
+
+}  // namespace
+
+TPickCall::TPickCall() : Outer_(std::exchange(Innermost(), this)) {}
+
+TPickCall::~TPickCall() {
+  Innermost() = Outer_;
+}
+
+TPickCall* TPickCall::Current() {
+  return Innermost();
+}
+
+void TPickCall::HoldInput() {
+  if (Input_ != nullptr) return;
+  Input_ = std::make_unique<toolkit::TInputHeld>([this] {
+    if (const auto GiveUp = OnGiveUp) GiveUp();
+  });
+}
+
+void TPickCall::DialogIsUp(QLineEdit* FindBox) {
+  if (Input_ == nullptr) return;
+  const std::vector<toolkit::TTypedKey> Keys = Input_->TakeTyped();
+  Input_.reset();
+  if (FindBox != nullptr) toolkit::Type(FindBox, Keys);
+}
+
+}  // namespace pickbase
