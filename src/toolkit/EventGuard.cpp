@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <exception>
 
+#include "toolkit/Own.h"
+
 namespace toolkit {
 
 namespace {
@@ -74,6 +76,7 @@ void ShowError(QWidget* Over, const std::string& Message) {
   const QPointer<QMessageBox> Box =
       new QMessageBox(QMessageBox::Critical, Title, QString(), QMessageBox::Ok, WindowToCover(Over));
   Box->setObjectName(QStringLiteral("ErrorBox"));
+  DeclareOwn(Box);
   Box->setTextFormat(Qt::PlainText);
   Box->setText(Text);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)

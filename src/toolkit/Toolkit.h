@@ -12,5 +12,6 @@
 #include "toolkit/GroupBox.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Lists.h"
+#include "toolkit/QuietLoop.h"
 #include "toolkit/RadioGroup.h"
 #include "toolkit/Set.h"
