@@ -1,13 +1,19 @@
 #include "frame/uZULPickPlsWait.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
+#include <QThread>
 #include <QTimer>
+#include <QWindow>
 
 #include "frame/uZULPickListsUtils.h"
+#include "toolkit/EventGuard.h"
 #include "toolkit/GroupBox.h"
+#include "toolkit/QuietLoop.h"
 #include "zulcommon/StringTable.h"
 
 namespace uZULPickPlsWait {
@@ -15,6 +21,8 @@ namespace uZULPickPlsWait {
 namespace {
 
 constexpr int PleaseWaitText = 65520;
+constexpr int SoonMilliseconds = 100;
+constexpr int LongestWaitForScreen = 100;  // milliseconds
 
 QString PleaseWait() {
   return QString::fromStdString(zulcommon::LoadZULResString(PleaseWaitText));
@@ -51,9 +59,41 @@ TZULPickPlsWait::TZULPickPlsWait(QWidget* Owner, const std::string& Message, boo
 
 TZULPickPlsWait::~TZULPickPlsWait() = default;
 
+void TZULPickPlsWait::ShowSoon() {
+  if (isVisible()) return;
+  auto* Soon = new QTimer(this);
+  Soon->setObjectName(QStringLiteral("tmSoon"));
+  Soon->setSingleShot(true);
+  Soon->setTimerType(Qt::PreciseTimer);
+  connect(Soon, &QTimer::timeout, Soon, &QObject::deleteLater);
+  connect(Soon, &QTimer::timeout, this, &TZULPickPlsWait::BringOntoScreen);
+  setAttribute(Qt::WA_DontShowOnScreen);
+  show();
+  Soon->start(SoonMilliseconds);
+}
+
+// The creator may not serve events again before long, and would leave an empty frame on the screen till then.
+void TZULPickPlsWait::BringOntoScreen() {
+  setAttribute(Qt::WA_DontShowOnScreen, false);
+  if (!isVisible()) return;
+  const QPoint Place = pos();
+  hide();
+  move(Place);  // what is on no screen had no frame, which is to stand there
+  show();
+  const QPointer<TZULPickPlsWait> There(this);
+  QElapsedTimer Clock;
+  Clock.start();
+  while (!windowHandle()->isExposed() && Clock.elapsed() < LongestWaitForScreen) {
+    QThread::msleep(1);
+    toolkit::ServeEvents();
+    if (There.isNull() || !isVisible()) return;
+  }
+  repaint();
+}
+
 void TZULPickPlsWait::UpdateForm(const std::string& Message) {
   lblStatus->setText(QString::fromStdString(Message));
-  QCoreApplication::processEvents();
+  toolkit::ServeEvents();
 }
 
 void TZULPickPlsWait::tmCaptTimer() {
@@ -61,10 +101,17 @@ void TZULPickPlsWait::tmCaptTimer() {
     gbPleaseWait->setTitle(PleaseWait() + QString(DotStep, QLatin1Char('.')));
     if (DotStep == 3) DotStep = 0;
   }
-  QCoreApplication::processEvents();
+  toolkit::ServeEvents();
 }
 
 void TZULPickPlsWait::reject() {}
+
+void TZULPickPlsWait::keyPressEvent(QKeyEvent* Event) {
+  if (!Event->matches(QKeySequence::Cancel)) return TForm::keyPressEvent(Event);
+  // A copy, because the window may be gone afterwards.
+  const std::function<void()> Handler = OnEscape;
+  if (Handler) toolkit::Guarded(this, Handler);
+}
 
 void TZULPickPlsWait::closeEvent(QCloseEvent* Event) {
   Event->ignore();
