@@ -339,6 +339,7 @@ bool TDocPickBase::ShowPick() {
   if (IsGivenUp_) return false;
   if (!ShowIfEmpty && qryList_->Bof() && qryList_->Eof()) return false;
   const QPointer<TDocPickBase> StillThere(this);
+  if (!TakeLastKeys()) return false;
   AwaitActivation();
   const bool IsPicked = ShowModal();
   if (StillThere == nullptr) return false;
@@ -349,6 +350,17 @@ bool TDocPickBase::ShowPick() {
     qryList_->LetGo(ads::TDataSet::TRest::WhenWanted);
   }
   return IsPicked;
+}
+
+// Keys that were typed so far are on their way to other windows, which take none any more once a modal one is shown.
+// Whether the pick goes on.
+bool TDocPickBase::TakeLastKeys() {
+  pickbase::TPickCall* Call = pickbase::TPickCall::Current();
+  if (Call == nullptr) return true;
+  Call->OnGiveUp = [this] { IsGivenUp_ = true; };
+  toolkit::ServeEvents();
+  Call->OnGiveUp = nullptr;
+  return !IsGivenUp_;
 }
 
 // The keyboard comes to the dialog when the window system makes it the active window, which some never tell.

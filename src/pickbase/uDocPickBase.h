@@ -85,8 +85,9 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
 
   // The rules of the events. All but the updates run guarded when they come from the user.
   virtual void actOKUpdate();
+  /// Stops what the list is waiting for; when it waits for nothing, closes the dialog without a choice.
+  void reject() override;
   void actOKExecute();
-  /// Stops what the list is waiting for; when it waits for nothing, closes the dialog.
   void actCancelExecute();
   void actFindUpdate();
   void actFindExecute();
@@ -209,7 +210,6 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
 
   bool event(QEvent* Event) override;
   void closeEvent(QCloseEvent* Event) override;
-  void reject() override;
 
  private:
   /// What holds while a dialog is constructed. One that no pick call has asked for lets go of the database in the end,
@@ -245,6 +245,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void RunQueries();
   void StopQuery();
   bool HasFindBox() const;
+  bool TakeLastKeys();
   void AwaitActivation();
   void BeUp();
 
