@@ -62,7 +62,7 @@ bool THeldOthers::Swallows(QObject* Receiver, const QEvent* Event) {
 }
 
 bool THeldOthers::HoldTimer(QObject* Receiver, int Id) {
-  if (Receiver->isWindowType() || IsQtsApplication(Receiver) || IsOwn(Receiver)) return false;
+  if (IsQtsApplication(Receiver) || IsOwn(Receiver)) return false;
   const std::optional<TTimerInfo> Timer = Running(Receiver, Id);
   if (!Timer) return false;
   if (Timer->interval == Never) return true;

@@ -84,10 +84,8 @@ void TQuietFilter::BeforeALoopWaits() {
 
 void ServeEvents() {
   const bool Waited = ForeignLoopWaits;
-  const auto* Filter = TQuietFilter::Existing();
-  const bool WithSockets = Filter == nullptr || Filter->Others.Empty() || Waited;
   ++Serving;
-  QCoreApplication::processEvents(WithSockets ? QEventLoop::AllEvents : QEventLoop::ExcludeSocketNotifiers);
+  QCoreApplication::processEvents();
   --Serving;
   ForeignLoopWaits = Waited;
 }

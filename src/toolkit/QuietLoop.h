@@ -15,9 +15,8 @@ class QWidget;
 // timers). All others are foreign.
 namespace toolkit {
 
-/// The only place that serves events while something waits. Serves what is there, without waiting for more; while a
-/// TOthersHeld lives, sockets are left out. Handlers run inside of it, so an object of the caller's may be gone
-/// afterwards.
+/// The only place that serves events while something waits. Serves what is there, without waiting for more. Handlers
+/// run inside of it, so an object of the caller's may be gone afterwards.
 ZULTOOLKIT_EXPORT void ServeEvents();
 
 /// A key that was typed into a window that was not to have it: a character (`Text`), Backspace, Return or Enter.
@@ -62,7 +61,7 @@ class ZULTOOLKIT_EXPORT TInputHeld {
 ZULTOOLKIT_EXPORT void Type(QWidget* Into, const std::vector<TTypedKey>& Keys);
 
 /// While one lives, foreign timers and socket notifiers wait, for a connection that cannot be shared in the midst of a
-/// result. Those of windows (QWindow) do not, which paint by them, nor those of the application object that are Qt's.
+/// result. Qt's own timers of a QWindow and of the application object go on: windows are painted, tool tips are shown.
 ///
 /// Held is what would have come: a timer ticks once when the last TOthersHeld ends, however often it was due, and then
 /// goes on in its interval; a single shot fires then; a socket reports then what it has. A timer that was stopped or

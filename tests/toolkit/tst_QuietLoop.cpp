@@ -202,6 +202,7 @@ class tst_QuietLoop : public QObject {
   void shouldHoldATimerOfAnyObject();
   void shouldRunOwnTimers();
   void shouldLetWindowsAskForUpdates();
+  void shouldShowToolTipsOfOwnWindows();
   void shouldForgetATimerThatIsStoppedMeanwhile();
   void shouldForgetATimerThatIsDestroyedMeanwhile();
   void shouldKeepTheNewIntervalOfATimerThatIsStartedAnew();
@@ -209,6 +210,7 @@ class tst_QuietLoop : public QObject {
   void shouldHoldATickThatWasOnItsWayWhenItBeganAgain();
   void shouldLetATimerGoThatMovesToAnotherThread();
   void shouldHoldASocketAndReportItAfterwards();
+  void shouldReportAnOwnSocket();
   void shouldLeaveASocketAloneThatTheHostHasSwitched();
   void shouldForgetASocketThatIsDestroyedMeanwhile();
   void shouldNotBeBusyWhileTimersWait();
@@ -871,6 +873,7 @@ void tst_QuietLoop::shouldRunOwnTimers() {
   QVERIFY(Ticks > 2);
 }
 
+// They come by a timer of the window's, which Qt serves before anybody sees it.
 void tst_QuietLoop::shouldLetWindowsAskForUpdates() {
   QWindow Window;
   Window.resize(50, 50);
@@ -881,6 +884,24 @@ void tst_QuietLoop::shouldLetWindowsAskForUpdates() {
   Window.requestUpdate();
   ServeFor(50);
   QCOMPARE(Updates.Count, 1);
+}
+
+// They come by a timer of the application's.
+void tst_QuietLoop::shouldShowToolTipsOfOwnWindows() {
+  TForm Own;
+  Own.setToolTip("Own");
+  Own.show();
+  Own.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&Own));
+  TCounter Asked(&Own, {QEvent::ToolTip});
+  const TOthersHeld Held;
+  QTest::mouseMove(Own.windowHandle(), {10, 10});
+  QTest::mouseMove(Own.windowHandle(), {12, 12});
+  QElapsedTimer Clock;
+  Clock.start();
+  while (Asked.Count == 0 && Clock.elapsed() < 5000) ServeFor(10);
+  QVERIFY(Asked.Count > 0);
+  QToolTip::hideText();
 }
 
 void tst_QuietLoop::shouldForgetATimerThatIsStoppedMeanwhile() {
@@ -991,6 +1012,16 @@ void tst_QuietLoop::shouldHoldASocketAndReportItAfterwards() {
   ServeFor(30);
   QCOMPARE(Socket.Received, QString("ab"));
   QVERIFY(Socket.Notifier->isEnabled());
+}
+
+void tst_QuietLoop::shouldReportAnOwnSocket() {
+  TForm Own;
+  TSocket Socket;
+  Socket.Notifier->setParent(&Own);
+  const TOthersHeld Held;
+  Socket.Send('a');
+  ServeFor(20);
+  QCOMPARE(Socket.Received, QString("a"));
 }
 
 void tst_QuietLoop::shouldLeaveASocketAloneThatTheHostHasSwitched() {
