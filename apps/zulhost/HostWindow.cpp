@@ -1,7 +1,6 @@
 #include "apps/zulhost/HostWindow.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -159,23 +158,15 @@ void THostWindow::AskForAddress() {
 }
 
 void THostWindow::TryToOpen(const std::string& Address) {
-  if (Calling_) return;
   toolkit::Guarded(this, [&] { OpenDatabase(Address); });
 }
 
 void THostWindow::Call() {
   const catalog::TPick* Pick = Tree_->Pick();
-  if (Calling_ || Pick == nullptr || Args_ == nullptr || Database_ == nullptr) return;
-  Calling_ = true;
-  // This window still gets events while the function's first query runs, before the dialog covers it.
+  if (Pick == nullptr || Args_ == nullptr || Database_ == nullptr) return;
   const TCallRecord Record = CallPick(*Pick);
-  Calling_ = false;
   Log_->Add(Record);
   Tell(Record);
-}
-
-void THostWindow::closeEvent(QCloseEvent* Event) {
-  Event->setAccepted(!Calling_);
 }
 
 TCallRecord THostWindow::CallPick(const catalog::TPick& Pick) {

@@ -41,9 +41,6 @@ class THostWindow : public QMainWindow {
   /// Calls the chosen pick, as the Call button does, and logs what it returned or threw.
   void Call();
 
- protected:
-  void closeEvent(QCloseEvent* Event) override;
-
  private:
   void CreateMenus();
   QWidget* CreatePanel();
@@ -62,7 +59,6 @@ class THostWindow : public QMainWindow {
   QAction* Call_;
   QPushButton* CallButton_;
   TCallLog* Log_;
-  bool Calling_ = false;
   TArgsPanel* Args_ = nullptr;  // of the chosen pick; owned by the area
 };
 

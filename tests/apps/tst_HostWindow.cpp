@@ -101,10 +101,11 @@ void tst_HostWindow::shouldCallThePickOnEnter() {
       },
       [&](uDocPickBase::TDocPickBase& Dialog) {
         First = support::Column(Dialog, "Zip").front();
-        // The window waits: what is called meanwhile does nothing.
-        Host.Window.Call();
-        Host.Window.close();
+        // The window waits: no key of the user reaches it.
+        QTest::keyClick(Host.Window.windowHandle(), Qt::Key_Return);
+        QTest::keyClick(Host.Window.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(Host.Window.isVisible());
+        QCOMPARE(QApplication::activeModalWidget(), &Dialog);
         support::ClickOK(Dialog);
       }));
   const QStringList Row = Host.LogRow(0);

@@ -83,8 +83,12 @@ std::unique_ptr<TBackend> THostileBackends::Open(TBackendKind Kind) {
 
 THostileTrial::THostileTrial(THostileBackends& Backends, TBackend& Backend)
     : Backend_(Backend), Sent_(Backend, Backends.All()), Watch_(Backends.All(), Backend) {
-  if (Backend.Kind() != TBackendKind::SQLite) return;
-  auto* Handle = *static_cast<sqlite3* const*>(Backend.Database().driver()->handle().constData());
+  WatchTime();
+}
+
+void THostileTrial::WatchTime() {
+  if (Backend_.Kind() != TBackendKind::SQLite) return;
+  auto* Handle = *static_cast<sqlite3* const*>(Backend_.Database().driver()->handle().constData());
   sqlite3_progress_handler(Handle, 10000, Progress, this);
 }
 
@@ -114,6 +118,7 @@ void THostileTrial::Try(const QString& What, const std::function<void()>& Hostil
   if (Complaints_.size() >= MostComplaints) return;
   ++Tries_;
   Untold_ << What;
+  WatchTime();  // a list that was read in portions has taken the last one's place
   Running_.start();
   Hostile();
   if (Running_.elapsed() > LongestRun - 500)

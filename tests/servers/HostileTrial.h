@@ -63,6 +63,7 @@ class THostileTrial {
   int Tries() const { return Tries_; }
 
  private:
+  void WatchTime();
   static int Progress(void* Self);
   void Check();
 
