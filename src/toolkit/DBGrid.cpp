@@ -14,6 +14,7 @@
 #include "toolkit/EListError.h"
 #include "toolkit/EventGuard.h"
 #include "toolkit/Form.h"
+#include "toolkit/RowSelection.h"
 
 namespace toolkit {
 
@@ -52,6 +53,8 @@ TDBGrid::TDBGrid(QWidget* Parent) : QTableView(Parent), Model_(new TDBGridModel(
   SetUpLook();
   SetUpBehaviour();
   setModel(Model_);
+  delete selectionModel();
+  setSelectionModel(new TRowSelection(Model_, this));
 }
 
 TDBGrid::~TDBGrid() {

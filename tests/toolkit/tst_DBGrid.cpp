@@ -51,6 +51,8 @@ struct TSample : TForm {
   // The middle of a cell, in the viewport.
   QPoint Cell(int Row, int Column) const { return Grid->visualRect(Grid->model()->index(Row, Column)).center(); }
 
+  QModelIndex Index(int Row, int Column) const { return Grid->model()->index(Row, Column); }
+
   int RecNo() const { return Cities.Query->RecNo(); }
   int ShownRow() const { return Grid->currentIndex().row() + 1; }
   int TopRow() const { return Grid->rowAt(0) + 1; }
@@ -60,6 +62,8 @@ struct TSample : TForm {
   TDBGrid* Grid = new TDBGrid(this);
   QLineEdit* Edit = new QLineEdit(this);
 };
+
+using TMove = std::function<void(TSample& Form)>;
 
 void Wheel(QWidget* Over, int Notches) {
   const QPointF At(Over->rect().center());
@@ -81,12 +85,23 @@ std::pair<int, int> DarkColumns(const QImage& Image) {
   return Result;
 }
 
+// What assistive programs select with.
+QAccessibleTableInterface& Table(const TSample& Form) {
+  return *QAccessible::queryAccessibleInterface(Form.Grid)->tableInterface();
+}
+
+void Toggle(const TSample& Form, int Row) {
+  Table(Form).cellAt(Row, 1)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+}
+
 QImage CellImage(const TSample& Form, int Row, int Column) {
   const QRect Cell = Form.Grid->visualRect(Form.Grid->model()->index(Row, Column));
   return Form.Grid->viewport()->grab(Cell).toImage();
 }
 
 }  // namespace
+
+Q_DECLARE_METATYPE(TMove)
 
 class tst_DBGrid : public QObject {
   Q_OBJECT
@@ -676,6 +691,66 @@ class tst_DBGrid : public QObject {
     QCOMPARE(Table->tableInterface()->rowCount(), 5);
     QCOMPARE(Table->tableInterface()->cellAt(2, 1)->text(QAccessible::Name), QStringLiteral("City 3"));
     QCOMPARE(Table->tableInterface()->columnDescription(1), QStringLiteral("City"));
+  }
+
+  // However a row is selected.
+
+  void shouldHaveOneRowWhoeverSelectsIt_data() {
+    QTest::addColumn<TMove>("move");
+    QTest::addColumn<int>("row");  // from 1
+    QTest::newRow("selectRow") << TMove([](TSample& Form) { Table(Form).selectRow(3); }) << 4;
+    QTest::newRow("unselectRow") << TMove([](TSample& Form) { Table(Form).unselectRow(1); }) << 2;
+    QTest::newRow("selectColumn") << TMove([](TSample& Form) { Table(Form).selectColumn(1); }) << 2;
+    QTest::newRow("toggle") << TMove([](TSample& Form) { Toggle(Form, 4); }) << 5;
+    QTest::newRow("toggle the current one") << TMove([](TSample& Form) { Toggle(Form, 1); }) << 2;
+    QTest::newRow("QTableView::selectRow") << TMove([](TSample& Form) { Form.Grid->selectRow(2); }) << 3;
+    QTest::newRow("clearSelection") << TMove([](TSample& Form) { Form.Grid->clearSelection(); }) << 2;
+    QTest::newRow("selectAll") << TMove([](TSample& Form) { Form.Grid->selectAll(); }) << 2;
+    QTest::newRow("setCurrentIndex") << TMove([](TSample& Form) { Form.Grid->setCurrentIndex(Form.Index(5, 1)); }) << 6;
+    QTest::newRow("no current index") << TMove([](TSample& Form) { Form.Grid->setCurrentIndex({}); }) << 2;
+    QTest::newRow("the model's select") << TMove([](TSample& Form) {
+      Form.Grid->selectionModel()->select(Form.Index(6, 2), QItemSelectionModel::Select);
+    }) << 7;
+    QTest::newRow("the model's deselect") << TMove([](TSample& Form) {
+      Form.Grid->selectionModel()->select(Form.Index(1, 0), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    }) << 2;
+    QTest::newRow("a current index alone") << TMove([](TSample& Form) {
+      Form.Grid->selectionModel()->setCurrentIndex(Form.Index(7, 0), QItemSelectionModel::NoUpdate);
+    }) << 8;
+    QTest::newRow("several rows") << TMove([](TSample& Form) {
+      const QItemSelection Rows(Form.Index(3, 0), Form.Index(5, 2));
+      Form.Grid->selectionModel()->select(Rows, QItemSelectionModel::ClearAndSelect);
+    }) << 4;
+    QTest::newRow("the model's clear") << TMove([](TSample& Form) { Form.Grid->selectionModel()->clear(); }) << 2;
+    QTest::newRow("the dataset") << TMove([](TSample& Form) { Form.Cities.Query->SetRecNo(9); }) << 9;
+  }
+
+  void shouldHaveOneRowWhoeverSelectsIt() {
+    QFETCH(TMove, move);
+    QFETCH(int, row);
+    TSample Form(20);
+    QVERIFY(Form.Open().Show());
+    Form.Cities.Query->SetRecNo(2);
+    move(Form);
+    QCOMPARE(Form.RecNo(), row);
+    QCOMPARE(Form.ShownRow(), row);
+    QList<int> Selected;
+    for (const QModelIndex& Index : Form.Grid->selectionModel()->selectedRows()) Selected.append(Index.row() + 1);
+    QCOMPARE(Selected, QList<int>{row});
+    QCOMPARE(Form.Grid->selectionModel()->selectedIndexes().size(), 3);
+  }
+
+  void shouldKeepItsRowWhenTheDataSetIsMovedOnWhileARowIsSelected() {
+    TSample Form(100);
+    QVERIFY(Form.Open().Show());
+    connect(Form.Cities.Query.get(), &ads::TDataSet::Scrolled, this, [&Form] {
+      if (Form.RecNo() == 2) Form.Cities.Query->SetRecNo(50);
+    });
+    Table(Form).selectRow(1);
+    QCOMPARE(Form.RecNo(), 50);
+    QCOMPARE(Form.ShownRow(), 50);
+    QVERIFY(Form.Grid->selectionModel()->isRowSelected(49));
+    QCOMPARE(Form.Grid->selectionModel()->selectedRows().size(), 1);
   }
 };
 
