@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyleOptionFocusRect>
 #include <QStyledItemDelegate>
 #include <exception>
 
@@ -233,6 +234,35 @@ void TDBGrid::PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex&
   Painter->restore();
 }
 
+void TDBGrid::paintEvent(QPaintEvent* Event) {
+  QTableView::paintEvent(Event);
+  if (hasFocus() && currentIndex().isValid()) PaintFocus();
+  const bool IsEmpty = DataSet_ != nullptr && DataSet_->Active() && DataSet_->IsEmpty();
+  if (IsEmpty && !EmptyText_.empty()) PaintEmptyText();
+}
+
+// The style's focus frame around the current row, of which only the line counts: some styles fill it. It stands on the
+// colour of the selection, on which the frames of some styles cannot be seen (a shade of that very colour, or its
+// inverse where that is as grey), so dots in the colour of what is written there go along it.
+void TDBGrid::PaintFocus() const {
+  QRect Row = visualRect(currentIndex());
+  const int Width = horizontalHeader()->length() - LineWidth;
+  Row.setLeft(isRightToLeft() ? viewport()->width() - Width + horizontalOffset() : -horizontalOffset());
+  Row.setWidth(Width);
+  QStyleOptionFocusRect Option;
+  Option.initFrom(this);
+  Option.state |= QStyle::State_KeyboardFocusChange | QStyle::State_HasFocus | QStyle::State_Selected;
+  Option.rect = Row;
+  Option.backgroundColor = palette().color(QPalette::Highlight);
+  QPainter Painter(viewport());
+  Painter.setClipRegion(QRegion(Row) - Row.adjusted(1, 1, -1, -1));
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Painter, this);
+  QPen Dots(palette().color(QPalette::HighlightedText), 1, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
+  Dots.setDashPattern({1, 1});
+  Painter.setPen(Dots);
+  Painter.drawRect(QRectF(Row).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
 void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState DrawState) {
   if (DataSet_ == nullptr || Index.row() >= DataSet_->KnownRows()) {
     Canvas_->fillRect(Rect, Canvas_->brush());
@@ -271,9 +301,8 @@ void TDBGrid::SetEmptyText(const std::string& Text) {
   viewport()->update();
 }
 
-void TDBGrid::paintEvent(QPaintEvent* Event) {
-  QTableView::paintEvent(Event);
-  if (EmptyText_.empty() || DataSet_ == nullptr || !DataSet_->Active() || !DataSet_->IsEmpty()) return;
+// Instead of rows.
+void TDBGrid::PaintEmptyText() const {
   QPainter Painter(viewport());
   Painter.setFont(font());
   Painter.setPen(palette().color(QPalette::PlaceholderText));

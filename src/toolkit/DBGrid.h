@@ -164,6 +164,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   void SetUpBehaviour();
   TGridDrawState StateOf(const QModelIndex& Index) const;
   void PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex& Index);
+  void PaintFocus() const;
+  void PaintEmptyText() const;
   void DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState State);
   void ColumnsChanged();
   void ResetRows();

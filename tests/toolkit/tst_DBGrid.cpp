@@ -597,6 +597,68 @@ class tst_DBGrid : public QObject {
     QCOMPARE(CellImage(Form, 1, 1).pixelColor(60, 2), Form.Grid->palette().color(QPalette::Base));
   }
 
+  void shouldFrameItsRowWhileItHasTheKeyboard_data() {
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<QPalette>("palette");
+    const auto Palette = [](QColor Window, QColor Highlight, QColor Highlighted) {
+      QPalette Result(Window);
+      Result.setColor(QPalette::Highlight, Highlight);
+      Result.setColor(QPalette::HighlightedText, Highlighted);
+      return Result;
+    };
+    for (const char* Style : {"Fusion", "Windows"}) {
+      QTest::addRow("%s", Style) << QString(Style) << QApplication::palette();
+      QTest::addRow("%s, dark", Style) << QString(Style)
+                                       << Palette(QColor(40, 40, 45), QColor(42, 130, 218), Qt::black);
+      QTest::addRow("%s, black", Style) << QString(Style) << Palette(Qt::black, Qt::yellow, Qt::black);
+      QTest::addRow("%s, white", Style) << QString(Style) << Palette(Qt::white, Qt::black, Qt::white);
+      QTest::addRow("%s, pale", Style) << QString(Style) << Palette(Qt::white, QColor(205, 225, 250), Qt::black);
+    }
+  }
+
+  void shouldFrameItsRowWhileItHasTheKeyboard() {
+    QFETCH(QString, style);
+    QFETCH(QPalette, palette);
+    QApplication::setStyle(style);
+    TSample Form(5);
+    Form.setPalette(palette);
+    QVERIFY(Form.Open().Show());
+    const QImage With = Form.Grid->viewport()->grab().toImage();
+    Form.Edit->setFocus();
+    const QImage Without = Form.Grid->viewport()->grab().toImage();
+    const QRect Row(0, 0, Form.Grid->viewport()->width(), RowHeight - 1);
+    const QRect Inside = Row.adjusted(2, 2, -2, -2);
+    int Framed = 0;
+    for (int Y = 0; Y < With.height(); ++Y) {
+      for (int X = 0; X < With.width(); ++X) {
+        if (With.pixel(X, Y) == Without.pixel(X, Y)) continue;
+        QVERIFY2(Row.contains(X, Y) && !Inside.contains(X, Y), qPrintable(QStringLiteral("%1, %2").arg(X).arg(Y)));
+        if (std::abs(qGray(With.pixel(X, Y)) - qGray(Without.pixel(X, Y))) >= 50) ++Framed;
+      }
+    }
+    // Dotted or drawn through, on all four sides.
+    QVERIFY2(Framed >= Row.width() - 10, std::to_string(Framed).c_str());
+  }
+
+  void shouldFrameItsRowWhereItStands() {
+    TSample Form(30);
+    QVERIFY(Form.Open().Show());
+    const auto Differences = [&Form](int Row) {
+      Form.Grid->setFocus();
+      const QImage With = CellImage(Form, Row, 1);
+      Form.Edit->setFocus();
+      return With != CellImage(Form, Row, 1);
+    };
+    Form.Cities.Query->SetRecNo(3);
+    QVERIFY(Differences(2));
+    QVERIFY(!Differences(0));
+    Form.Cities.Query->SetRecNo(30);
+    QVERIFY(Differences(29));
+    Form.Cities.Query->Close();
+    Form.Grid->setFocus();
+    Form.Grid->grab();
+  }
+
   void shouldNotPaintOutsideTheCell() {
     TSample Form(3);
     QVERIFY(Form.Open().Show());
