@@ -18,7 +18,9 @@ TForm::TForm(QWidget* Parent) : QDialog(Parent) {
 TForm::~TForm() = default;
 
 QFont TForm::FormFont() {
-  QFont Font(QStringLiteral("Arial"));
+  // The twins have Arial's widths; what there is without any of them at least looks alike.
+  QFont Font(QStringList{QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Arimo")});
+  Font.setStyleHint(QFont::SansSerif);
   Font.setPixelSize(11);
   return Font;
 }
@@ -41,9 +43,19 @@ void TForm::SetClientSize(int Width, int Height) {
   setFixedSize(Width, Height);
 }
 
+// Where the application has a style sheet, whatever it says, a control does not inherit a font any more: each has it as
+// its own.
+void TForm::GiveFont() {
+  for (QWidget* Widget : findChildren<QWidget*>()) {
+    if (Widget->window() != this || Widget->testAttribute(Qt::WA_SetFont)) continue;
+    Widget->setFont(Widget->parentWidget()->font());
+  }
+}
+
 // A QDialog looks for its default button when it is about to be shown, and takes any that offers itself.
 void TForm::setVisible(bool Visible) {
   if (Visible) {
+    GiveFont();
     for (QPushButton* Button : findChildren<QPushButton*>()) {
       Button->setAutoDefault(false);
       Button->setDefault(false);

@@ -8,7 +8,8 @@
 namespace toolkit {
 
 /// A dialog whose components are placed by position, in logical pixels at 96 dpi: a fixed size, the system's form font
-/// (Arial 8, which is 11 pixels high), no context-help button, no default button.
+/// (Arial 8, which is 11 pixels high) on each control that has none of its own, no context-help button, no default
+/// button.
 ///
 /// Enter presses the button that has the focus and closes nothing otherwise; Escape and the window's close button
 /// cancel.
@@ -18,7 +19,7 @@ class ZULTOOLKIT_EXPORT TForm : public QDialog {
   explicit TForm(QWidget* Parent = nullptr);
   ~TForm() override;
 
-  /// The font of forms and grids.
+  /// The font of forms and grids: Arial, a font with the same widths, or else some sans-serif one.
   static QFont FormFont();
   /// The bold one of column titles.
   static QFont TitleFont();
@@ -43,6 +44,7 @@ class ZULTOOLKIT_EXPORT TForm : public QDialog {
   void keyPressEvent(QKeyEvent* Event) override;
 
  private:
+  void GiveFont();
   void StayAboveActiveWindow();
 };
 

@@ -143,6 +143,7 @@ void TRadioGroup::Rebuild() {
   while (Buttons_->buttons().size() < Items_.Count()) {
     const int Index = static_cast<int>(Buttons_->buttons().size());
     auto* Fresh = new TChoice(this);
+    if (testAttribute(Qt::WA_SetFont)) Fresh->setFont(font());  // under a style sheet it would not inherit it
     setTabOrder(Index > 0 ? static_cast<QWidget*>(Choice(Index - 1)) : this, Fresh);
     Buttons_->addButton(Fresh, Index);
     Fresh->setVisible(true);

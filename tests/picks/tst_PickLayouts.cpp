@@ -1,5 +1,7 @@
 // The layout of every dialog, as it opens and when its list becomes wider or narrower.
+#include <QApplication>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QTest>
 
 #include "servers/EveryDialog.h"
@@ -45,6 +47,30 @@ QString Astray(const TDocPickBase& Dialog) {
   return {};
 }
 
+// A style sheet of the application's, while it lives.
+class TStyleSheet {
+ public:
+  explicit TStyleSheet(const QString& Sheet) { qApp->setStyleSheet(Sheet); }
+  ~TStyleSheet() { qApp->setStyleSheet({}); }
+  TStyleSheet(const TStyleSheet&) = delete;
+  TStyleSheet& operator=(const TStyleSheet&) = delete;
+};
+
+// The first control that is not written in the form's font; column titles have the bold one.
+QString InAnotherFont(const TDocPickBase& Dialog) {
+  for (const QWidget* Widget : Dialog.findChildren<QWidget*>()) {
+    if (!Widget->isVisible() || Widget->window() != &Dialog) continue;
+    const bool IsTitle = qobject_cast<const QHeaderView*>(Widget) != nullptr ||
+                         qobject_cast<const QHeaderView*>(Widget->parentWidget()) != nullptr;
+    const QFont Font = IsTitle ? toolkit::TForm::TitleFont() : toolkit::TForm::FormFont();
+    const QFont Has = Widget->font();
+    if (Has.family() != Font.family() || Has.pixelSize() != Font.pixelSize() || Has.bold() != Font.bold()) {
+      return QString(Widget->metaObject()->className()) + ' ' + Widget->objectName() + ": " + Has.toString();
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 class tst_PickLayouts : public QObject {
@@ -52,11 +78,22 @@ class tst_PickLayouts : public QObject {
 
   support::TTestCompany Company_;
 
+  static void AddDialogs();
+
  private Q_SLOTS:
   void shouldHaveBoxesOfTheirOwn();
   void shouldKeepEverythingApart_data();
   void shouldKeepEverythingApart();
+  void shouldKeepItsFontUnderAStyleSheet_data();
+  void shouldKeepItsFontUnderAStyleSheet();
 };
+
+void tst_PickLayouts::AddDialogs() {
+  QTest::addColumn<int>("Index");
+  for (std::size_t Index = 0; Index < support::EveryDialog().size(); ++Index) {
+    QTest::newRow(support::EveryDialog()[Index].Name.c_str()) << static_cast<int>(Index);
+  }
+}
 
 // So that the walk below does look at some.
 void tst_PickLayouts::shouldHaveBoxesOfTheirOwn() {
@@ -69,10 +106,7 @@ void tst_PickLayouts::shouldHaveBoxesOfTheirOwn() {
 }
 
 void tst_PickLayouts::shouldKeepEverythingApart_data() {
-  QTest::addColumn<int>("Index");
-  for (std::size_t Index = 0; Index < support::EveryDialog().size(); ++Index) {
-    QTest::newRow(support::EveryDialog()[Index].Name.c_str()) << static_cast<int>(Index);
-  }
+  AddDialogs();
 }
 
 void tst_PickLayouts::shouldKeepEverythingApart() {
@@ -87,6 +121,25 @@ void tst_PickLayouts::shouldKeepEverythingApart() {
     QCOMPARE(Overlapping(*Dialog), QString());
     QCOMPARE(Astray(*Dialog), QString());
     QCOMPARE(Outside(*Dialog), QString());
+  }
+}
+
+void tst_PickLayouts::shouldKeepItsFontUnderAStyleSheet_data() {
+  AddDialogs();
+}
+
+void tst_PickLayouts::shouldKeepItsFontUnderAStyleSheet() {
+  QFETCH(int, Index);
+  const support::TSampleDialog& Sample = support::EveryDialog()[static_cast<std::size_t>(Index)];
+  const auto Plain = Sample.Create(Company_.Connection());
+  for (const char* Sheet : {"QPushButton { color: navy }", "* { color: #222 }", "QWidget { background: #eee }"}) {
+    const TStyleSheet Host(Sheet);
+    const auto Dialog = Sample.Create(Company_.Connection());
+    Dialog->show();
+    QCOMPARE(InAnotherFont(*Dialog), QString());
+    QCOMPARE(Dialog->size(), Plain->size());
+    Dialog->rgOrderBy->Items().Add("One more");
+    QCOMPARE(InAnotherFont(*Dialog), QString());
   }
 }
 
