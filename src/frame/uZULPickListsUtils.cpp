@@ -81,9 +81,10 @@ void GridPaint(TDBGrid* Grid, const QRect& Rect, int DataCol, TColumn* Column, T
   if (Grid->Canvas() == nullptr) return;
   QPainter& Canvas = *Grid->Canvas();
   Canvas.fillRect(Rect, Canvas.brush());
+  Grid->DrawFocusFrame(Rect, State);
   if (!Field->AsBoolean()) return;
-  const QRgb Colour = ShowsSelection(*Grid, State) ? Grid->palette().color(QPalette::HighlightedText).rgb() : Black;
-  const QImage Tick = TickImage(Colour);
+  const QPalette::ColorRole Ink = ShowsSelection(*Grid, State) ? QPalette::HighlightedText : QPalette::Text;
+  const QImage Tick = TickImage(Grid->palette().color(Ink).rgb());
   if (Tick.isNull()) return;
   const int Top = Rect.top() + Rect.height() / 2 - Tick.height() / 2;
   Canvas.drawImage(QPoint(TickLeft(Rect, Tick, Column->Alignment()), Top), Tick);

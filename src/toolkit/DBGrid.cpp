@@ -236,31 +236,31 @@ void TDBGrid::PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex&
 
 void TDBGrid::paintEvent(QPaintEvent* Event) {
   QTableView::paintEvent(Event);
-  if (hasFocus() && currentIndex().isValid()) PaintFocus();
   const bool IsEmpty = DataSet_ != nullptr && DataSet_->Active() && DataSet_->IsEmpty();
   if (IsEmpty && !EmptyText_.empty()) PaintEmptyText();
 }
 
-// The style's focus frame around the current row, of which only the line counts: some styles fill it. It stands on the
-// colour of the selection, on which the frames of some styles cannot be seen (a shade of that very colour, or its
-// inverse where that is as grey), so dots in the colour of what is written there go along it.
-void TDBGrid::PaintFocus() const {
-  QRect Row = visualRect(currentIndex());
-  const int Width = horizontalHeader()->length() - LineWidth;
-  Row.setLeft(isRightToLeft() ? viewport()->width() - Width + horizontalOffset() : -horizontalOffset());
-  Row.setWidth(Width);
+// Of the frame only the line counts: some styles fill it. It stands on the colour of the selection, on which the frames
+// of some styles cannot be seen (a shade of that very colour, or its inverse where that is as grey), so dots in the
+// colour of what is written there go along it.
+void TDBGrid::DrawFocusFrame(const QRect& Rect, TGridDrawState DrawState) {
+  if (Canvas_ == nullptr || !DrawState.Contains(TGridDrawStateFlag::gdFocused)) return;
+  const int Left = isRightToLeft() ? viewport()->width() + horizontalOffset() - horizontalHeader()->length() + LineWidth
+                                   : -horizontalOffset();
   QStyleOptionFocusRect Option;
   Option.initFrom(this);
   Option.state |= QStyle::State_KeyboardFocusChange | QStyle::State_HasFocus | QStyle::State_Selected;
-  Option.rect = Row;
+  Option.rect = QRect(Left, Rect.top(), horizontalHeader()->length() - LineWidth, Rect.height());
   Option.backgroundColor = palette().color(QPalette::Highlight);
-  QPainter Painter(viewport());
-  Painter.setClipRegion(QRegion(Row) - Row.adjusted(1, 1, -1, -1));
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Painter, this);
+  Canvas_->save();
+  Canvas_->setClipRegion(QRegion(Option.rect) - Option.rect.adjusted(1, 1, -1, -1), Qt::IntersectClip);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, Canvas_, this);
   QPen Dots(palette().color(QPalette::HighlightedText), 1, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
   Dots.setDashPattern({1, 1});
-  Painter.setPen(Dots);
-  Painter.drawRect(QRectF(Row).adjusted(0.5, 0.5, -0.5, -0.5));
+  Canvas_->setPen(Dots);
+  Canvas_->setBrush(Qt::NoBrush);
+  Canvas_->drawRect(QRectF(Option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+  Canvas_->restore();
 }
 
 void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState DrawState) {
@@ -277,9 +277,10 @@ void TDBGrid::DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawSta
   }
 }
 
-void TDBGrid::DefaultDrawColumnCell(const QRect& Rect, int, TColumn* Column, TGridDrawState) {
+void TDBGrid::DefaultDrawColumnCell(const QRect& Rect, int, TColumn* Column, TGridDrawState DrawState) {
   if (Canvas_ == nullptr) return;
   Canvas_->fillRect(Rect, Canvas_->brush());
+  DrawFocusFrame(Rect, DrawState);
   if (Column->Field() == nullptr) return;
   // Codes and numbers stand right: of a code that does not fit, its end tells it from the others.
   const bool IsRight = Column->Alignment() == TAlignment::taRightJustify;

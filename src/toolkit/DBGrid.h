@@ -136,6 +136,10 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   void SetEmptyText(const std::string& Text);
   const std::string& EmptyText() const { return EmptyText_; }
 
+  /// The cell's part of the style's focus frame, which stands around the current row while the grid has the keyboard:
+  /// for a handler that paints the cell itself. `DefaultDrawColumnCell` draws it, too.
+  void DrawFocusFrame(const QRect& Rect, TGridDrawState State);
+
   /// The painter of the cell that is being painted, its brush the cell's background and its pen the text colour; null
   /// otherwise.
   QPainter* Canvas() const { return Canvas_; }
@@ -164,7 +168,6 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   void SetUpBehaviour();
   TGridDrawState StateOf(const QModelIndex& Index) const;
   void PaintCell(QPainter* Painter, const QRect& Rect, const QModelIndex& Index);
-  void PaintFocus() const;
   void PaintEmptyText() const;
   void DrawCell(const QRect& Rect, const QModelIndex& Index, TGridDrawState State);
   void ColumnsChanged();
