@@ -16,8 +16,9 @@ ZULPICKLISTS_EXPORT std::string AddQuotes(std::string_view S);
 /// position.
 ZULPICKLISTS_EXPORT void CenterFormOnScreen(toolkit::TForm* Form);
 
-/// Paints a cell of a grid: a Boolean field as the tick image (nothing for false), unless it has a display text of its
-/// own; any other field as the grid itself would. To be called while the grid paints the cell
+/// Paints a cell of a grid: a Boolean field as the tick image in the colour of the texts around it (nothing for false),
+/// unless it has a display text of its own; any other field as the grid itself would. To be called while the grid
+/// paints the cell
 /// (`TDBGrid::OnDrawColumnCell`), with what it passes; at any other time it does nothing.
 ZULPICKLISTS_EXPORT void GridPaint(toolkit::TDBGrid* Grid, const QRect& Rect, int DataCol, toolkit::TColumn* Column,
                                    toolkit::TGridDrawState State);

@@ -133,6 +133,17 @@ class tst_PickListsUtils : public QObject {
     QVERIFY(TGrid::Count(Grid.CellImage(1), qRgb(0, 0, 0)) > 8);
   }
 
+  void shouldPaintTheTickInTheTextColourOfADarkPalette() {
+    TGrid Grid(Connection.get());
+    QPalette Palette(QColor(40, 40, 45));
+    Palette.setColor(QPalette::Base, QColor(20, 20, 22));
+    Palette.setColor(QPalette::Text, QColor(240, 241, 242));
+    Grid.Grid.setPalette(Palette);
+    const QImage Tick = Grid.CellImage(1);
+    QVERIFY(TGrid::Count(Tick, qRgb(240, 241, 242)) > 8);
+    QCOMPARE(TGrid::Count(Tick, qRgb(0, 0, 0)), 0);
+  }
+
   void shouldPlaceTheTickByTheColumnsAlignment_data() {
     QTest::addColumn<int>("Alignment");
     QTest::addColumn<QSize>("Cell");
