@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QScreen>
+#include <QStyle>
 
 namespace uZULPickListsUtils {
 
@@ -87,7 +88,8 @@ void GridPaint(TDBGrid* Grid, const QRect& Rect, int DataCol, TColumn* Column, T
   const QImage Tick = TickImage(Grid->palette().color(Ink).rgb());
   if (Tick.isNull()) return;
   const int Top = Rect.top() + Rect.height() / 2 - Tick.height() / 2;
-  Canvas.drawImage(QPoint(TickLeft(Rect, Tick, Column->Alignment()), Top), Tick);
+  const QRect Place(QPoint(TickLeft(Rect, Tick, Column->Alignment()), Top), Tick.size());
+  Canvas.drawImage(QStyle::visualRect(Grid->layoutDirection(), Rect, Place).topLeft(), Tick);
 }
 
 int GridColIndex(const TDBGrid* Grid, const ads::TField* Field) {

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QStyle>
 
 namespace pickbase {
 
@@ -53,7 +54,8 @@ void PaintIconCell(const TDBGrid& Grid, const QRect& Rect, TGridDrawState State,
                    const toolkit::TImageList& Images, const std::vector<int>& Pictures) {
   QPainter& Canvas = *Grid.Canvas();
   Canvas.fillRect(Rect, Canvas.brush());
-  const QRect Area(Rect.left(), Rect.top() + BelowTop, Side, Side);
+  const QRect Area =
+      QStyle::visualRect(Grid.layoutDirection(), Rect, QRect(Rect.left(), Rect.top() + BelowTop, Side, Side));
   const bool Highlighted = IsHighlighted(Grid, State, Highlight);
   const QColor Behind = Grid.palette().color(Highlighted ? QPalette::Highlight : QPalette::Base);
   Canvas.fillRect(Area, Behind);

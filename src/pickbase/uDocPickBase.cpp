@@ -22,6 +22,7 @@
 #include "frame/uZULPickPlsWait.h"
 #include "pickbase/PickCall.h"
 #include "toolkit/ActionButton.h"
+#include "toolkit/CheckBox.h"
 #include "toolkit/EConvertError.h"
 #include "toolkit/EventGuard.h"
 #include "toolkit/Formats.h"
@@ -36,6 +37,7 @@ namespace uDocPickBase {
 using ads::TField;
 using ads::TFieldType;
 using toolkit::Guarded;
+using TLayoutScope = toolkit::TMirroredLayout::TScope;
 using zulcommon::LoadZULResString;
 
 std::string SQL_DATE_FMT = "YYYY-MM-DD";
@@ -89,8 +91,7 @@ int ChoicesHeight(const toolkit::TRadioGroup& Group) {
 
 }  // namespace
 
-TDocPickBase::TDocPickBase() {
-  pnlForm = Named(new QWidget(this), "pnlForm");
+TDocPickBase::TDocPickBase() : pnlForm(Named(new QWidget(this), "pnlForm")) {
   CreateList();
   CreateFind();
   CreateButtons();
@@ -129,7 +130,7 @@ void TDocPickBase::CreateFind() {
   rgFindBy->setGeometry(209, 73, ChoicesWidth, 62);
   rgOrderBy = Named(new toolkit::TRadioGroup(pnlForm), "rgOrderBy");
   rgOrderBy->setGeometry(209, 135, ChoicesWidth, 64);
-  ckbDesc = Named(new QCheckBox(pnlForm), "ckbDesc");
+  ckbDesc = Named(new toolkit::TCheckBox(pnlForm), "ckbDesc");
   ckbDesc->setGeometry(209, 199, ChoicesWidth, BoxHeight);
 }
 
@@ -399,7 +400,13 @@ void TDocPickBase::reject() {
   if (!IsWaiting || IsClosing_) TForm::reject();
 }
 
+void TDocPickBase::changeEvent(QEvent* Event) {
+  TForm::changeEvent(Event);
+  if (Event->type() == QEvent::LayoutDirectionChange) const TLayoutScope Scope(Layout_);
+}
+
 void TDocPickBase::AdjustWidths() {
+  const TLayoutScope Scope(Layout_);
   dbgAvail->SetClientWidth(dbgAvail->ColumnsWidth());
   gbList->resize(dbgAvail->width() + 2 * Gap, gbList->height());
   const int Left = gbList->x() + gbList->width() + Gap;
@@ -424,6 +431,7 @@ void TDocPickBase::PlacePanels() {
 }
 
 void TDocPickBase::UpdateFind() {
+  const TLayoutScope Scope(Layout_);
   rgFindBy->resize(rgFindBy->width(), ChoicesHeight(*rgFindBy));
   // The list group is what is asked for on purpose: it is always there, so the order-by group stands under the find-by
   // group even where that one is hidden.
@@ -668,8 +676,9 @@ QCheckBox* TDocPickBase::AddFilterBox(const char* Name, const char* Caption) {
 }
 
 QCheckBox* TDocPickBase::AddCheckBox(const char* Name, const char* Caption, std::function<void()> OnClick) {
+  const TLayoutScope Scope(Layout_);
   QCheckBox* Above = Boxes_.empty() ? ckbDesc : Boxes_.back();
-  QCheckBox* Box = Named(new QCheckBox(QLatin1String(Caption), pnlForm), Name);
+  QCheckBox* Box = Named(new toolkit::TCheckBox(QLatin1String(Caption), pnlForm), Name);
   Box->setGeometry(Above->x(), Above->y() + Above->height(), 75, BoxHeight);
   connect(Box, &QCheckBox::toggled, this, [this, OnClick = std::move(OnClick)] { Guarded(this, OnClick); });
   setTabOrder(Above, Box);

@@ -13,6 +13,7 @@
 #include "pickbase/ListQuery.h"
 #include "toolkit/DBGrid.h"
 #include "toolkit/Form.h"
+#include "toolkit/MirroredLayout.h"
 #include "toolkit/RadioGroup.h"
 
 class QAction;
@@ -154,6 +155,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
     return Dialog;
   }
 
+  void changeEvent(QEvent* Event) override;
+
   /// A dialog's own closing steps, once it is built and its list is open.
   virtual void AfterCreate() {}
 
@@ -249,6 +252,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void AwaitActivation();
   void BeUp();
 
+  toolkit::TMirroredLayout Layout_{{this, pnlForm}};
   TPickChoices Choices_;
   std::vector<QCheckBox*> Boxes_;
   bool Querying_ = false;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QRect>
 #include <QString>
+#include <QStyle>
 
 namespace toolkit {
 
@@ -26,14 +27,18 @@ Qt::Alignment QtAlignment(ads::TAlignment Alignment) {
 }
 
 void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment,
-                  Qt::TextElideMode Elide) {
+                  Qt::LayoutDirection Direction, Qt::TextElideMode Elide) {
   if (Text.empty()) return;
   const QRect Inside = Cell.adjusted(CellTextMargin, 0, -CellTextMargin, 0);
   const QString Whole = QString::fromStdString(Text).left(MaxMeasured);
   QString Shown = Painter.fontMetrics().elidedText(Whole, Elide, Inside.width());
   // In the narrowest columns nothing but the ellipsis would be left: the first letter says more.
   if (Shown.size() == 1 && Whole.size() > 1) Shown = Whole.left(1);
-  Painter.drawText(Inside, static_cast<int>(QtAlignment(Alignment)) | Qt::TextSingleLine, Shown);
+  const Qt::Alignment Place = QStyle::visualAlignment(Direction, QtAlignment(Alignment)) | Qt::AlignAbsolute;
+  const Qt::LayoutDirection Before = Painter.layoutDirection();
+  Painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+  Painter.drawText(Inside, static_cast<int>(Place) | Qt::TextSingleLine, Shown);
+  Painter.setLayoutDirection(Before);
 }
 
 }  // namespace toolkit

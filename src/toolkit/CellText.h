@@ -16,8 +16,8 @@ constexpr int CellTextMargin = 2;
 Qt::Alignment QtAlignment(ads::TAlignment Alignment);
 
 /// Draws one line of text in the painter's font and pen, vertically centred, cut off with an ellipsis where it does not
-/// fit.
+/// fit. `Direction` says where it is aligned to; the text itself reads as its own letters do.
 void DrawCellText(QPainter& Painter, const QRect& Cell, const std::string& Text, ads::TAlignment Alignment,
-                  Qt::TextElideMode Elide = Qt::ElideRight);
+                  Qt::LayoutDirection Direction, Qt::TextElideMode Elide = Qt::ElideRight);
 
 }  // namespace toolkit

@@ -284,7 +284,7 @@ void TDBGrid::DefaultDrawColumnCell(const QRect& Rect, int, TColumn* Column, TGr
   if (Column->Field() == nullptr) return;
   // Codes and numbers stand right: of a code that does not fit, its end tells it from the others.
   const bool IsRight = Column->Alignment() == TAlignment::taRightJustify;
-  DrawCellText(*Canvas_, Rect, Column->Field()->DisplayText(), Column->Alignment(),
+  DrawCellText(*Canvas_, Rect, Column->Field()->DisplayText(), Column->Alignment(), layoutDirection(),
                IsRight ? Qt::ElideLeft : Qt::ElideRight);
 }
 

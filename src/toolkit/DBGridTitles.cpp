@@ -43,7 +43,7 @@ void TDBGridTitles::paintSection(QPainter* Painter, const QRect& Rect, int Secti
   const TColumn& Column = *Grid_.Columns()[Section];
   Painter->setFont(font());
   Painter->setPen(palette().color(QPalette::ButtonText));
-  DrawCellText(*Painter, Rect.adjusted(0, 0, -1, -1), Column.Title(), Column.TitleAlignment());
+  DrawCellText(*Painter, Rect.adjusted(0, 0, -1, -1), Column.Title(), Column.TitleAlignment(), layoutDirection());
 }
 
 }  // namespace toolkit

@@ -37,7 +37,9 @@ void TGroupBox::paintEvent(QPaintEvent*) {
   QPainter Painter(this);
   const QFontMetrics Metrics = fontMetrics();
   const QString Shown = ShownTitle();
-  const QRect Title(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height());
+  const QRect Title =
+      QStyle::visualRect(layoutDirection(), rect(),
+                         QRect(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height()));
   style()->drawItemText(&Painter, Title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
                         isEnabled(), Shown, QPalette::WindowText);
   if (!Shown.isEmpty()) {

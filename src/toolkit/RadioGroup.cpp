@@ -5,10 +5,10 @@
 #include <QPainter>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QStyle>
 #include <QStyleOptionButton>
 #include <algorithm>
 
+#include "toolkit/ChoicePainting.h"
 #include "toolkit/EventGuard.h"
 
 namespace toolkit {
@@ -19,8 +19,6 @@ constexpr int ButtonsLeft = 6;
 constexpr int ButtonsTop = 15;
 constexpr int ButtonsRight = 2;  // from the buttons to the group's right side: its frame
 constexpr int ButtonHeight = 14;
-constexpr int IndicatorSize = 12;
-constexpr int TextLeft = 15;
 
 }  // namespace
 
@@ -55,23 +53,16 @@ void TRadioItems::Assign(const TRadioItems& Other) {
   Group_->Rebuild();
 }
 
-// A radio button that paints itself as closely as the column's width and the 14 pixels between two of them ask for; the
-// styles' own indicator and spacing take a third of the column.
 class TRadioGroup::TChoice : public QRadioButton {
  public:
   explicit TChoice(QWidget* Parent) : QRadioButton(Parent) {}
 
-  void SetCaption(const QString& Caption) {
-    Caption_ = Caption;
-    QString Text = Caption;
-    setText(Text.replace(u'&', QStringLiteral("&&")));  // not a mnemonic, for assistive programs either
+  void SetCaption(QString Caption) {
+    setText(Caption.replace(u'&', QStringLiteral("&&")));  // not a mnemonic, for assistive programs either
     UpdateToolTip();
   }
 
-  void UpdateToolTip() {
-    const bool Fits = fontMetrics().horizontalAdvance(Caption_) <= TextRect().width();
-    setToolTip(Fits ? QString() : Caption_.toHtmlEscaped());
-  }
+  void UpdateToolTip() { setToolTip(ChoiceToolTip(*this, text())); }
 
  protected:
   bool hitButton(const QPoint& Position) const override { return rect().contains(Position); }
@@ -80,29 +71,8 @@ class TRadioGroup::TChoice : public QRadioButton {
     QPainter Painter(this);
     QStyleOptionButton Option;
     initStyleOption(&Option);
-    Option.rect = QRect(0, (height() - IndicatorSize) / 2, IndicatorSize, IndicatorSize);
-    style()->drawPrimitive(QStyle::PE_IndicatorRadioButton, &Option, &Painter, this);
-    const QString Shown = fontMetrics().elidedText(Caption_, Qt::ElideRight, TextRect().width());
-    style()->drawItemText(&Painter, TextRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, palette(),
-                          isEnabled(), Shown, QPalette::WindowText);
-    if (hasFocus()) PaintFocus(Painter, Option, Shown);
+    PaintChoice(Painter, *this, Option, QStyle::PE_IndicatorRadioButton, text());
   }
-
- private:
-  QRect TextRect() const { return rect().adjusted(TextLeft, 0, 0, 0); }
-
-  void PaintFocus(QPainter& Painter, const QStyleOptionButton& Button, const QString& Shown) const {
-    QStyleOptionFocusRect Option;
-    Option.initFrom(this);
-    Option.state = Button.state;
-    Option.backgroundColor = palette().color(QPalette::Window);
-    Option.rect = TextRect();
-    Option.rect.setWidth(std::min(Option.rect.width(), fontMetrics().horizontalAdvance(Shown) + 1));
-    Option.rect.adjust(-1, 0, 0, 0);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Painter, this);
-  }
-
-  QString Caption_;
 };
 
 TRadioGroup::TRadioGroup(QWidget* Parent) : TGroupBox(Parent), Items_(this), Buttons_(new QButtonGroup(this)) {
@@ -169,8 +139,9 @@ void TRadioGroup::NameButtons() {
 
 void TRadioGroup::PlaceButtons() {
   for (int Index = 0; Index < Items_.Count(); ++Index) {
-    Choice(Index)->setGeometry(ButtonsLeft, ButtonsTop + Index * ButtonHeight, width() - ButtonsLeft - ButtonsRight,
-                               ButtonHeight);
+    const QRect Place(ButtonsLeft, ButtonsTop + Index * ButtonHeight, width() - ButtonsLeft - ButtonsRight,
+                      ButtonHeight);
+    Choice(Index)->setGeometry(QStyle::visualRect(layoutDirection(), rect(), Place));
     Choice(Index)->UpdateToolTip();
   }
 }
@@ -201,7 +172,14 @@ void TRadioGroup::resizeEvent(QResizeEvent* Event) {
 
 void TRadioGroup::changeEvent(QEvent* Event) {
   TGroupBox::changeEvent(Event);
-  if (Event->type() == QEvent::FontChange || Event->type() == QEvent::StyleChange) PlaceButtons();
+  switch (Event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::LayoutDirectionChange:
+      return PlaceButtons();
+    default:
+      return;
+  }
 }
 
 }  // namespace toolkit

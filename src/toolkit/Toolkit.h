@@ -3,6 +3,7 @@
 // Everything of the toolkit.
 
 #include "toolkit/ActionButton.h"
+#include "toolkit/CheckBox.h"
 #include "toolkit/DBGrid.h"
 #include "toolkit/EConvertError.h"
 #include "toolkit/EListError.h"
@@ -12,6 +13,7 @@
 #include "toolkit/GroupBox.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Lists.h"
+#include "toolkit/MirroredLayout.h"
 #include "toolkit/QuietLoop.h"
 #include "toolkit/RadioGroup.h"
 #include "toolkit/Set.h"

@@ -71,6 +71,18 @@ QString InAnotherFont(const TDocPickBase& Dialog) {
   return {};
 }
 
+// The first widget that does not stand in the one dialog where it would stand in the other, seen in a mirror.
+QString NotMirrored(const TDocPickBase& Dialog, const TDocPickBase& Plain) {
+  for (const QWidget* Widget : Plain.findChildren<QWidget*>()) {
+    const QWidget* Parent = Widget->parentWidget();
+    if (Widget->objectName().isEmpty() || Widget->objectName().startsWith("qt_") || Widget->isWindow()) continue;
+    const QRect Place = Widget->geometry();
+    const QRect Mirrored(Parent->width() - Place.x() - Place.width(), Place.y(), Place.width(), Place.height());
+    if (Dialog.findChild<QWidget*>(Widget->objectName())->geometry() != Mirrored) return Widget->objectName();
+  }
+  return {};
+}
+
 }  // namespace
 
 class tst_PickLayouts : public QObject {
@@ -84,6 +96,8 @@ class tst_PickLayouts : public QObject {
   void shouldHaveBoxesOfTheirOwn();
   void shouldKeepEverythingApart_data();
   void shouldKeepEverythingApart();
+  void shouldBeMirroredForThoseWhoReadFromTheRight_data();
+  void shouldBeMirroredForThoseWhoReadFromTheRight();
   void shouldKeepItsFontUnderAStyleSheet_data();
   void shouldKeepItsFontUnderAStyleSheet();
 };
@@ -122,6 +136,33 @@ void tst_PickLayouts::shouldKeepEverythingApart() {
     QCOMPARE(Astray(*Dialog), QString());
     QCOMPARE(Outside(*Dialog), QString());
   }
+}
+
+void tst_PickLayouts::shouldBeMirroredForThoseWhoReadFromTheRight_data() {
+  AddDialogs();
+}
+
+void tst_PickLayouts::shouldBeMirroredForThoseWhoReadFromTheRight() {
+  QFETCH(int, Index);
+  const support::TSampleDialog& Sample = support::EveryDialog()[static_cast<std::size_t>(Index)];
+  const auto Plain = Sample.Create(Company_.Connection());
+  qApp->setLayoutDirection(Qt::RightToLeft);
+  const auto Dialog = Sample.Create(Company_.Connection());
+  qApp->setLayoutDirection(Qt::LeftToRight);
+  Plain->setLayoutDirection(Qt::LeftToRight);
+  Dialog->setLayoutDirection(Qt::RightToLeft);
+  QCOMPARE(Dialog->size(), Plain->size());
+  QCOMPARE(NotMirrored(*Dialog, *Plain), QString());
+  for (TDocPickBase* Each : {Plain.get(), Dialog.get()}) {
+    toolkit::TColumn* Column = Each->dbgAvail->Columns()[0];
+    Column->SetWidth(Column->Width() + 40);
+    Each->AdjustWidths();
+    Each->UpdateFind();
+  }
+  QCOMPARE(NotMirrored(*Dialog, *Plain), QString());
+  Dialog->setLayoutDirection(Qt::LeftToRight);
+  Dialog->setLayoutDirection(Qt::RightToLeft);
+  QCOMPARE(NotMirrored(*Dialog, *Plain), QString());
 }
 
 void tst_PickLayouts::shouldKeepItsFontUnderAStyleSheet_data() {

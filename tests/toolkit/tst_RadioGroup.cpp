@@ -290,6 +290,21 @@ class tst_RadioGroup : public QObject {
     QVERIFY(Image.pixel(Beside, Image.height() - 1) != Image.pixel(Beside, 20));
   }
 
+  void shouldStandOnTheRightForThoseWhoReadFromThere() {
+    TSample Form;
+    Form.setLayoutDirection(Qt::RightToLeft);
+    for (int Index = 0; Index < 3; ++Index) Form.Group->Items().Put(Index, "i");
+    QVERIFY(Form.Show());
+    QCOMPARE(Form.Group->Button(0)->geometry(), QRect(2, 15, 75, 14));
+    QRadioButton* Button = Form.Group->Button(1);
+    const QImage Image = Button->grab().toImage();
+    const QRgb Behind = Image.pixel(0, 0);
+    for (int X = 0; X < 60; ++X) {
+      for (int Y = 0; Y < 14; ++Y) QVERIFY2(X >= 50 || Image.pixel(X, Y) == Behind, std::to_string(X).c_str());
+    }
+    QVERIFY(Image.pixel(63, 7) != Behind || Image.pixel(64, 7) != Behind);
+  }
+
   void shouldShowWhatOnClickThrows() {
     TSample Form;
     QVERIFY(Form.Show());

@@ -1,0 +1,63 @@
+#include "toolkit/ChoicePainting.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <QWidget>
+#include <algorithm>
+
+namespace toolkit {
+
+namespace {
+
+constexpr int IndicatorSize = 12;
+constexpr int TextLeft = 15;
+constexpr int Flags = Qt::TextSingleLine | Qt::TextShowMnemonic;
+
+QRect Mirrored(const QWidget& Button, const QRect& Rect) {
+  return QStyle::visualRect(Button.layoutDirection(), Button.rect(), Rect);
+}
+
+int WidthOf(const QWidget& Button, const QString& Text) {
+  return Button.fontMetrics().size(Flags, Text).width();
+}
+
+void PaintFocus(QPainter& Painter, const QWidget& Button, const QStyleOptionButton& Of, const QString& Shown) {
+  QStyleOptionFocusRect Option;
+  Option.initFrom(&Button);
+  Option.state = Of.state;
+  Option.backgroundColor = Button.palette().color(QPalette::Window);
+  const int Width = std::min(Button.width() - TextLeft, WidthOf(Button, Shown) + 1);
+  Option.rect = Mirrored(Button, QRect(TextLeft - 1, 0, Width + 1, Button.height()));
+  Button.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Painter, &Button);
+}
+
+}  // namespace
+
+QRect ChoiceTextRect(const QWidget& Button) {
+  return Mirrored(Button, Button.rect().adjusted(TextLeft, 0, 0, 0));
+}
+
+void PaintChoice(QPainter& Painter, const QWidget& Button, QStyleOptionButton Option,
+                 QStyle::PrimitiveElement Indicator, const QString& Text) {
+  const QStyle& Style = *Button.style();
+  Option.rect = Mirrored(Button, QRect(0, (Button.height() - IndicatorSize) / 2, IndicatorSize, IndicatorSize));
+  Style.drawPrimitive(Indicator, &Option, &Painter, &Button);
+  const QRect Place = ChoiceTextRect(Button);
+  const QString Shown = Button.fontMetrics().elidedText(Text, Qt::ElideRight, Place.width(), Flags);
+  const int Mnemonic =
+      Style.styleHint(QStyle::SH_UnderlineShortcut, &Option, &Button) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+  const Qt::Alignment Side = QStyle::visualAlignment(Button.layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+  const int Shape = static_cast<int>(Side | Qt::AlignAbsolute) | Qt::TextSingleLine | Mnemonic;
+  Style.drawItemText(&Painter, Place, Shape, Button.palette(), Button.isEnabled(), Shown, QPalette::WindowText);
+  if (Button.hasFocus()) PaintFocus(Painter, Button, Option, Shown);
+}
+
+QString ChoiceToolTip(const QWidget& Button, const QString& Text) {
+  if (WidthOf(Button, Text) <= ChoiceTextRect(Button).width()) return {};
+  QString Whole = Text;
+  Whole.replace(QStringLiteral("&&"), QString(QChar(1))).remove(u'&').replace(QChar(1), u'&');
+  return Whole.toHtmlEscaped();
+}
+
+}  // namespace toolkit
