@@ -1,5 +1,6 @@
 #include "ads/Field.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -52,6 +53,10 @@ int TField::DisplayWidth() const {
       return Size_;
     case TFieldType::ftBoolean:
       return 5;
+    case TFieldType::ftDate: {
+      const std::string Longest = zulcommon::FormatShortDate(QDate(2000, 12, 30));
+      return std::max(10, static_cast<int>(QString::fromStdString(Longest).size()));
+    }
     default:
       return 10;
   }

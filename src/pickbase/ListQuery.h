@@ -76,7 +76,7 @@ struct TQueryState {
   bool Descending = false;
   bool WithFind = false;  ///< there is a find text to search with
   std::string FindText;   ///< trimmed, upper-cased, quotes doubled
-  std::string Typed;      ///< as it was typed
+  std::string Typed;      ///< as it was typed, a number with a point and plain digits
   std::string FindDate;   ///< YYYY-MM-DD; only where the find line wants a date
 };
 

@@ -492,11 +492,11 @@ void TDocPickBase::CheckDate(const std::string& S) const {
 }
 
 void TDocPickBase::CheckInt(const std::string& S) const {
-  if (!toolkit::ReadInteger(S)) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
+  if (!toolkit::ReadInteger(toolkit::PlainNumber(S))) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
 }
 
 void TDocPickBase::CheckNumber(const std::string& S) const {
-  if (!toolkit::ReadNumber(S)) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
+  if (!toolkit::ReadNumber(toolkit::PlainNumber(S))) throw zulcommon::EZULException(LoadZULResString(NoNumberText));
 }
 
 // What the user has set, once the find text was found fit for the chosen find-by.
@@ -522,9 +522,11 @@ TQueryState TDocPickBase::CheckedState(const TPickChoices& Choices) const {
     case TFindKind::Number:
     case TFindKind::TypedNumber:
       CheckNumber(State.Typed);
+      State.Typed = toolkit::PlainNumber(State.Typed);
       break;
     case TFindKind::TypedInteger:
       CheckInt(State.Typed);
+      State.Typed = toolkit::PlainNumber(State.Typed);
       break;
     default:
       break;

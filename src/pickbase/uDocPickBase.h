@@ -79,7 +79,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   std::string FindDate() const;
 
   /// Throw `zulcommon::EZULException`, code -1, when S is no date in the user's short date pattern, no 32-bit integer,
-  /// no number.
+  /// no number. A number may have the digits and signs of the user's locale, and a point as its decimal sign in any.
   void CheckDate(const std::string& S) const;
   void CheckInt(const std::string& S) const;
   void CheckNumber(const std::string& S) const;

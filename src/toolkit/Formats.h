@@ -10,6 +10,7 @@ using zulcommon::FormatDate;
 using zulcommon::FormatMinutes;
 using zulcommon::FormatNumber;
 using zulcommon::FormatShortDate;
+using zulcommon::PlainNumber;
 using zulcommon::ReadDate;
 using zulcommon::ReadInteger;
 using zulcommon::ReadNumber;

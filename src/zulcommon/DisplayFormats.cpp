@@ -12,12 +12,13 @@
 #include "zulcommon/Ascii.h"
 #include "zulcommon/DatePattern.h"
 #include "zulcommon/EZULException.h"
+#include "zulcommon/LocaleSigns.h"
 
 namespace zulcommon {
 
 namespace {
 
-constexpr int GroupLength = 3;
+constexpr std::ptrdiff_t MostWholeDigits = 300;  // fewer than a double can have
 constexpr std::string_view FallbackDateFormat = "yyyy-mm-dd";
 
 struct TNumberFormat {
@@ -42,7 +43,7 @@ TNumberFormat ReadNumberFormat(std::string_view Format) {
   const std::string_view Whole = Format.substr(0, Format.find('.'));
   const std::string_view Fraction = Format.substr(Whole.size());
   TNumberFormat Result;
-  Result.WholeDigits = std::count(Whole.begin(), Whole.end(), '0');
+  Result.WholeDigits = std::min(std::count(Whole.begin(), Whole.end(), '0'), MostWholeDigits);
   Result.Decimals = std::count(Fraction.begin(), Fraction.end(), '0');
   Result.Grouped = Whole.find(',') != std::string_view::npos;
   return Result;
@@ -101,21 +102,35 @@ void Round(TDecimal& Number, std::ptrdiff_t Decimals) {
   }
 }
 
-// The number by a format with at most its own decimals cut off, so it must have been rounded.
-std::string Print(const TDecimal& Number, const TNumberFormat& Format) {
-  const QLocale Locale;
-  const std::string Separator = Format.Grouped ? Locale.groupSeparator().toStdString() : std::string();
-  std::string Text;
-  if (Number.Negative && !Number.Digits.empty()) Text += '-';
+// A number of the same shape as the one to be shown, as the user's locale writes it: with its signs, its groups and its
+// digits, whatever these are. 1.5 times a power of ten has the wanted number of whole digits also where the power
+// itself is not exact.
+QString Shape(bool Negative, std::ptrdiff_t Whole, const TNumberFormat& Format) {
+  QLocale Locale;
+  if (!Format.Grouped) Locale.setNumberOptions(QLocale::OmitGroupSeparator);
+  const double Size = 1.5 * std::pow(10.0, static_cast<double>(Whole - 1));
+  return Locale.toString(Negative ? -Size : Size, 'f', static_cast<int>(Format.Decimals));
+}
 
+// The number by a format with at most its own decimals cut off, so it must have been rounded: its digits in the places
+// of those of the shape.
+std::string Print(const TDecimal& Number, const TNumberFormat& Format) {
   const std::ptrdiff_t Whole = std::max({Number.Point, Format.WholeDigits, std::ptrdiff_t{0}});
-  for (std::ptrdiff_t Left = Whole; Left > 0; --Left) {
-    if (Left != Whole && Left % GroupLength == 0) Text += Separator;
-    Text += Number.DigitAt(Number.Point - Left);
+  const std::ptrdiff_t ShapeWhole = std::max(Whole, std::ptrdiff_t{1});
+  std::ptrdiff_t Index = Number.Point - ShapeWhole;
+  const std::ptrdiff_t First = Number.Point - Whole;
+  std::u32string Text;
+  for (const char32_t Letter : Shape(Number.Negative && !Number.Digits.empty(), ShapeWhole, Format).toStdU32String()) {
+    const int Digit = QChar::digitValue(Letter);
+    if (Digit < 0) {
+      Text += Letter;
+      continue;
+    }
+    const auto Zero = Letter - static_cast<char32_t>(Digit);
+    if (Index >= First) Text += Zero + static_cast<char32_t>(Number.DigitAt(Index) - '0');
+    ++Index;
   }
-  if (Format.Decimals > 0) Text += Locale.decimalPoint().toStdString();
-  for (std::ptrdiff_t Index = 0; Index < Format.Decimals; ++Index) Text += Number.DigitAt(Number.Point + Index);
-  return Text;
+  return QString::fromStdU32String(Text).toStdString();
 }
 
 std::string PrintRounded(std::string_view Format, TDecimal Number) {
@@ -135,11 +150,7 @@ std::string PrintWhole(TDecimal Number) {
 
 std::string PrintScientific(double Value) {
   std::array<char, 32> Buffer{};
-  std::string Text(ShortestScientific(Value, Buffer));
-  if (const std::size_t Point = Text.find('.'); Point != std::string::npos) {
-    Text.replace(Point, 1, QLocale().decimalPoint().toStdString());
-  }
-  return Text;
+  return WithLocaleSigns(ShortestScientific(Value, Buffer));
 }
 
 // Decimal, with zeros in front up to a width.
@@ -189,7 +200,7 @@ std::string FormatNumber(std::string_view Format, TCurrency Value) {
 }
 
 std::string FormatShortDate(QDate Date) {
-  return FormatDate(ShortDateFormat(), Date);
+  return WithLocaleDigits(FormatDate(ShortDateFormat(), Date));
 }
 
 std::string FormatDate(std::string_view Pattern, QDate Date) {

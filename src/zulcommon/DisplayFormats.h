@@ -10,9 +10,8 @@
 namespace zulcommon {
 
 /// `Value` by a number format: "0" stands for a digit that is always shown, a comma in the whole part asks for
-/// thousands separators, the digits behind the point say the decimals (",0.00" gives 1,234.50; "0.00"; ",0"). The
-/// decimal point and the separators are those of the user's locale (`QLocale()`); a value that rounds to zero has no
-/// sign.
+/// groups, the digits behind the point say the decimals (",0.00" gives 1,234.50; "0.00"; ",0"). Digits, signs, decimal
+/// point and groups are those of the user's locale (`QLocale()`); a value that rounds to zero has no sign.
 ///
 /// Halves are rounded away from zero, and what counts is the number that a user reads: the double nearest to 1.005
 /// shows as 1.01 with two decimals, although it lies a little below. Money is rounded from its exact value.
@@ -22,7 +21,7 @@ namespace zulcommon {
 ZULCOMMON_EXPORT std::string FormatNumber(std::string_view Format, double Value);
 ZULCOMMON_EXPORT std::string FormatNumber(std::string_view Format, TCurrency Value);
 
-/// `Date` by the user's short date pattern; empty for an invalid date.
+/// `Date` by the user's short date pattern, in the digits of the user's locale; empty for an invalid date.
 ZULCOMMON_EXPORT std::string FormatShortDate(QDate Date);
 
 /// `Date` by a pattern of y, m and d in any case ("YYYY-MM-DD", "d/m/yy"; other characters stand for themselves);

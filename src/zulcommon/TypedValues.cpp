@@ -7,6 +7,7 @@
 
 #include "zulcommon/DatePattern.h"
 #include "zulcommon/DisplayFormats.h"
+#include "zulcommon/LocaleSigns.h"
 
 namespace zulcommon {
 
@@ -126,7 +127,8 @@ std::optional<QDate> ReadDate(std::string_view Typed) {
 std::optional<QDate> ReadDate(std::string_view Typed, QDate Today) {
   const std::optional<TDateParts> Pattern = ReadDatePattern(ShortDateFormat());
   if (!Pattern) return std::nullopt;
-  const std::string_view Text = WithoutBlanks(Typed);
+  const std::string Plain = WithPlainDigits(Typed);
+  const std::string_view Text = WithoutBlanks(Plain);
   const std::vector<TDatePart> Parts(Pattern->begin(), Pattern->end());
   if (const auto Date = ReadParts(Text, Parts, Today.year())) return Date;
   return ReadParts(Text, WithoutYear(*Pattern), Today.year());

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "zulcommon/zulcommon_export.h"
@@ -21,12 +22,18 @@ ZULCOMMON_EXPORT std::optional<QDate> ReadDate(std::string_view Typed);
 /// The same as if `Today` were the current day.
 ZULCOMMON_EXPORT std::optional<QDate> ReadDate(std::string_view Typed, QDate Today);
 
+/// A number as the user types it, spelled as the readers below and a query take it: the digits, the decimal sign and
+/// the signs of the user's locale (`QLocale()`) become plain ones, and everything else, a point too, stays as it is.
+/// What is no number is none afterwards: thousands separators are no part of a typed number.
+ZULCOMMON_EXPORT std::string PlainNumber(std::string_view Typed);
+
 /// A whole number of 32 bits: an optional sign and decimal digits, blanks around it ignored.
 ZULCOMMON_EXPORT std::optional<std::int32_t> ReadInteger(std::string_view Typed);
 
 /// A number: an optional sign, digits with or without a decimal point, an optional exponent, blanks around it ignored.
-/// No thousands separators, no hexadecimal, no infinity. The decimal sign is a point in every locale, because the
-/// text also goes into a query as it is. A number too large for a double gives nothing, one too small gives zero.
+/// No thousands separators, no hexadecimal, no infinity. The decimal sign is a point in every locale, because a stored
+/// number and one in a query have one: `PlainNumber` comes first for what a user typed. A number too large for a double
+/// gives nothing, one too small gives zero.
 ZULCOMMON_EXPORT std::optional<double> ReadNumber(std::string_view Typed);
 
 }  // namespace zulcommon

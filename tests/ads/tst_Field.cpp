@@ -179,6 +179,16 @@ class tst_Field : public QObject {
     QCOMPARE(Query.AddField("D", TFieldType::ftFloat)->DefaultAlignment(), TAlignment::taRightJustify);
   }
 
+  void shouldHaveRoomForTheDatesOfTheLocale() {
+    TAdsQuery Query(nullptr);
+    const TField* Day = Query.AddField("Day", TFieldType::ftDate);
+    QLocale::setDefault(QLocale("hu_HU"));
+    QCOMPARE(Day->DisplayWidth(), 13);  // 2000. 12. 30.
+    QLocale::setDefault(QLocale("de_DE"));
+    QCOMPARE(Day->DisplayWidth(), 10);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::Australia));
+  }
+
   void shouldKeepCalculatedMoneyExact() {
     TAdsQuery Query(nullptr);
     Query.SetConnection(Db.Connection.get());

@@ -134,6 +134,8 @@ class tst_DocPickBase : public QObject {
   void shouldCheckNumbers();
   void shouldSpellTheFindLineOfEachChoice_data();
   void shouldSpellTheFindLineOfEachChoice();
+  void shouldTakeNumbersAsTheUserWritesThem_data();
+  void shouldTakeNumbersAsTheUserWritesThem();
 
   // Failing.
   void shouldKeepTheListWhenTheDateIsWrong();
@@ -865,6 +867,37 @@ void tst_DocPickBase::shouldSpellTheFindLineOfEachChoice() {
   Dialog->SetSQL();
   QCOMPARE(SqlLines(*Dialog), SearchedBy(Line.toStdString()));
   QVERIFY(Dialog->qryList_->RecordCount() < 600);
+}
+
+void tst_DocPickBase::shouldTakeNumbersAsTheUserWritesThem_data() {
+  QTest::addColumn<QString>("Locale");
+  QTest::addColumn<QString>("Typed");
+  QTest::addColumn<QString>("Line");
+  for (const char* Locale : {"de_DE", "fr_FR", "sv_SE", "hu_HU", "bg_BG"}) {
+    QTest::addRow("%s, comma", Locale) << QString(Locale) << "64,410"
+                                       << "AND Cost = 64.410";
+    QTest::addRow("%s, point", Locale) << QString(Locale) << "064.410"
+                                       << "AND Cost = 064.410";
+  }
+  QTest::newRow("ar") << "ar_EG" << QString::fromUtf8("٦٤٫٤١") << "AND Cost = 64.41";
+  QTest::newRow("fa") << "fa_IR" << QString::fromUtf8("۶۴٫۴۱") << "AND Cost = 64.41";
+}
+
+void tst_DocPickBase::shouldTakeNumbersAsTheUserWritesThem() {
+  QFETCH(QString, Locale);
+  QFETCH(QString, Typed);
+  QFETCH(QString, Line);
+  const QLocale Before;
+  const auto Dialog = NewDialog();
+  QLocale::setDefault(QLocale(Locale));
+  Dialog->rgFindBy->SetItemIndex(TPurchaseDialog::ByCost);
+  Dialog->edFind->setText(Typed);
+  Dialog->SetSQL();
+  Dialog->edFind->setText("1.234,5");
+  const bool Refused = !Refusal([&] { Dialog->CheckNumber(Dialog->edFind->text().toStdString()); }).empty();
+  QLocale::setDefault(Before);
+  QCOMPARE(SqlLines(*Dialog), SearchedBy(Line.toStdString()));
+  QVERIFY(Refused);
 }
 
 void tst_DocPickBase::shouldKeepTheListWhenTheDateIsWrong() {

@@ -36,6 +36,10 @@ class tst_DisplayFormats : public QObject {
   void shouldRoundMoneyAwayFromZero();
   void shouldAgreeOnMoneyAndDoubles();
   void shouldUseTheSignsOfTheLocale();
+  void shouldWriteNumbersAsTheLocaleDoes_data();
+  void shouldWriteNumbersAsTheLocaleDoes();
+  void shouldWriteLargeNumbersInGroupsOfTheLocale();
+  void shouldWriteDatesInTheDigitsOfTheLocale();
   void shouldGiveTheShortestNumberForAnEmptyFormat_data();
   void shouldGiveTheShortestNumberForAnEmptyFormat();
   void shouldGiveNothingForNotANumber();
@@ -141,6 +145,50 @@ void tst_DisplayFormats::shouldUseTheSignsOfTheLocale() {
 
   QLocale::setDefault(QLocale("de_CH"));
   QCOMPARE(Number(",0.00", 1234567.5), QString::fromUtf8("1’234’567.50"));
+}
+
+void tst_DisplayFormats::shouldWriteNumbersAsTheLocaleDoes_data() {
+  QTest::addColumn<QString>("Name");
+  for (const char* Name :
+       {"en_AU", "de_DE", "de_AT", "de_CH", "fr_FR", "es_ES", "pt_PT", "sv_SE", "hu_HU", "bg_BG",
+        "pl_PL", "ar_EG", "ar_MA", "fa_IR", "he_IL", "hi_IN", "bn_BD", "ur_PK", "ja_JP", "ff_Adlm_GN"}) {
+    QTest::newRow(Name) << QString(Name);
+  }
+}
+
+// Numbers that a double holds exactly are just what QLocale makes of them.
+void tst_DisplayFormats::shouldWriteNumbersAsTheLocaleDoes() {
+  QFETCH(QString, Name);
+  const QLocale Locale(Name);
+  QLocale::setDefault(Locale);
+  for (const double Value : {0.0, 7.0, -7.0, 123.5, 999.25, 1000.0, 1234.5, -1234.5, 12345.75, 123456.0, 1234567.25,
+                             -98765432.5, 123456789012.0}) {
+    QCOMPARE(Number(",0.00", Value), Locale.toString(Value, 'f', 2));
+    QLocale Plain = Locale;
+    Plain.setNumberOptions(QLocale::OmitGroupSeparator);
+    QCOMPARE(Number("0.00", Value), Plain.toString(Value, 'f', 2));
+  }
+  QCOMPARE(Number("", -1.5e20), Locale.negativeSign() + Locale.toString(1) + Locale.decimalPoint() +
+                                    Locale.toString(5) + "e+" + Locale.toString(2) + Locale.toString(0));
+}
+
+void tst_DisplayFormats::shouldWriteLargeNumbersInGroupsOfTheLocale() {
+  QLocale::setDefault(QLocale("hi_IN"));
+  QCOMPARE(Number(",0.00", 12345678.9), QString("1,23,45,678.90"));
+  QCOMPARE(Money(",0.0000", 9'223'372'036'854'775'807), QString("92,23,37,20,36,85,477.5807"));
+  QCOMPARE(Number(",0", 1e23), QString("1,00,00,00,00,00,00,00,00,00,00,000"));
+  QCOMPARE(Number("0", std::numeric_limits<double>::max()), "17976931348623157" + QString(292, '0'));
+  QLocale::setDefault(QLocale("es_ES"));
+  QCOMPARE(Number(",0", 1234), QString("1234"));
+  QCOMPARE(Number(",0", 12345), QString("12.345"));
+}
+
+void tst_DisplayFormats::shouldWriteDatesInTheDigitsOfTheLocale() {
+  QLocale::setDefault(QLocale("fa_IR"));
+  QCOMPARE(QString::fromStdString(FormatShortDate(QDate(2026, 2, 1))), QString::fromUtf8("۲۰۲۶/۲/۱"));
+  QCOMPARE(Date("YYYY-MM-DD", QDate(2026, 2, 1)), QString("2026-02-01"));
+  QLocale::setDefault(QLocale("hu_HU"));
+  QCOMPARE(QString::fromStdString(FormatShortDate(QDate(2026, 2, 1))), QString("2026. 02. 01."));
 }
 
 void tst_DisplayFormats::shouldGiveTheShortestNumberForAnEmptyFormat_data() {

@@ -40,6 +40,9 @@ class tst_TypedValues : public QObject {
   void shouldRefuseWhatIsNoNumber_data();
   void shouldRefuseWhatIsNoNumber();
   void shouldReadNumbersTheSameInEveryLocale();
+  void shouldSpellPlainlyWhatTheUserTypes_data();
+  void shouldSpellPlainlyWhatTheUserTypes();
+  void shouldReadTheNumbersThatItShows();
 };
 
 void tst_TypedValues::init() {
@@ -298,6 +301,58 @@ void tst_TypedValues::shouldReadNumbersTheSameInEveryLocale() {
   QLocale::setDefault(QLocale("de_DE"));
   QVERIFY(ReadNumber("12.5") == 12.5);
   QVERIFY(!ReadNumber("12,5").has_value());
+}
+
+void tst_TypedValues::shouldSpellPlainlyWhatTheUserTypes_data() {
+  QTest::addColumn<QString>("Locale");
+  QTest::addColumn<QString>("Typed");
+  QTest::addColumn<QString>("Plain");
+  const auto Add = [](const char* Locale, const char* Typed, const char* Plain) {
+    QTest::addRow("%s %s", Locale, Typed) << QString(Locale) << QString::fromUtf8(Typed) << QString::fromUtf8(Plain);
+  };
+  Add("de_DE", "12,5", "12.5");
+  Add("de_DE", " -0012,50 ", " -0012.50 ");
+  Add("fr_FR", "12,5", "12.5");
+  Add("hu_HU", "12,5", "12.5");
+  Add("bg_BG", ",5", ".5");
+  Add("sv_SE", "−12,5", "-12.5");
+  Add("ar_EG", "١٢٫٥", "12.5");
+  Add("ar_EG", "12٫5", "12.5");
+  Add("fa_IR", "\u200e−۱۲٫۵", "-12.5");
+  Add("hi_IN", "१२.५", "१२.५");  // Hindi is written in plain digits
+  // A point is a point, and nothing else is touched.
+  for (const char* Locale : {"de_DE", "fa_IR", "en_AU"}) {
+    Add(Locale, "0012.50", "0012.50");
+    Add(Locale, " +1.e2", " +1.e2");
+    Add(Locale, "12' OR 1=1", "12' OR 1=1");
+    Add(Locale, "", "");
+  }
+  // Groups make it none.
+  Add("en_AU", "1,234", "1,234");
+  Add("de_DE", "1.234,5", "1.234.5");
+  Add("de_DE", "1,234.5", "1.234.5");
+  Add("de_CH", "1’234", "1’234");
+}
+
+void tst_TypedValues::shouldSpellPlainlyWhatTheUserTypes() {
+  QFETCH(QString, Locale);
+  QFETCH(QString, Typed);
+  QFETCH(QString, Plain);
+  QLocale::setDefault(QLocale(Locale));
+  QCOMPARE(QString::fromStdString(PlainNumber(Typed.toStdString())), Plain);
+}
+
+void tst_TypedValues::shouldReadTheNumbersThatItShows() {
+  const QList<QLocale> Locales =
+      QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+  for (const QLocale& Locale : Locales) {
+    QLocale::setDefault(Locale);
+    for (const double Value : {0.0, 12.5, -12.5, -1234.25, 98765.75}) {
+      const std::string Shown = FormatNumber("0.00", Value);
+      QVERIFY2(ReadNumber(PlainNumber(Shown)) == Value, (Locale.name().toStdString() + ' ' + Shown).c_str());
+    }
+    QVERIFY2(ReadInteger(PlainNumber(FormatNumber("0", -42))) == -42, qPrintable(Locale.name()));
+  }
 }
 
 QTEST_GUILESS_MAIN(tst_TypedValues)

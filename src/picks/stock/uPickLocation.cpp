@@ -60,7 +60,7 @@ void TfrmPickLocation::SetSQL() {
 }
 
 bool TfrmPickLocation::IsWrongNumber() const {
-  return HasFindText() && rgFindBy->ItemIndex() == FindByID && !toolkit::ReadInteger(TypedText());
+  return HasFindText() && rgFindBy->ItemIndex() == FindByID && !toolkit::ReadInteger(toolkit::PlainNumber(TypedText()));
 }
 
 void TfrmPickLocation::TellOfWrongNumber() {
