@@ -49,6 +49,7 @@ void PaintChoice(QPainter& Painter, const QWidget& Button, QStyleOptionButton Op
       Style.styleHint(QStyle::SH_UnderlineShortcut, &Option, &Button) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
   const Qt::Alignment Side = QStyle::visualAlignment(Button.layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
   const int Shape = static_cast<int>(Side | Qt::AlignAbsolute) | Qt::TextSingleLine | Mnemonic;
+  Painter.setLayoutDirection(Qt::LayoutDirectionAuto);  // "PO No." ends with its point also among Arabic
   Style.drawItemText(&Painter, Place, Shape, Button.palette(), Button.isEnabled(), Shown, QPalette::WindowText);
   if (Button.hasFocus()) PaintFocus(Painter, Button, Option, Shown);
 }

@@ -40,6 +40,7 @@ void TGroupBox::paintEvent(QPaintEvent*) {
   const QRect Title =
       QStyle::visualRect(layoutDirection(), rect(),
                          QRect(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height()));
+  Painter.setLayoutDirection(Qt::LayoutDirectionAuto);  // by its own letters
   style()->drawItemText(&Painter, Title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
                         isEnabled(), Shown, QPalette::WindowText);
   if (!Shown.isEmpty()) {

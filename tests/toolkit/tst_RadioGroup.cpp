@@ -305,6 +305,25 @@ class tst_RadioGroup : public QObject {
     QVERIFY(Image.pixel(63, 7) != Behind || Image.pixel(64, 7) != Behind);
   }
 
+  // The N stands at the left of the point.
+  void shouldReadACaptionByItsOwnLetters() {
+    TSample Form;
+    Form.Group->Items().Put(1, "N.");
+    qApp->setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(Form.Show());
+    const QImage Image = Form.Group->Button(1)->grab(QRect(0, 0, 60, 14)).toImage();
+    qApp->setLayoutDirection(Qt::LeftToRight);
+    std::vector<int> Heights;  // of the columns that are not empty
+    for (int X = 0; X < Image.width(); ++X) {
+      int Dark = 0;
+      for (int Y = 0; Y < Image.height(); ++Y) Dark += qGray(Image.pixel(X, Y)) < 140 ? 1 : 0;
+      if (Dark > 0) Heights.push_back(Dark);
+    }
+    QVERIFY(Heights.size() >= 3);
+    QVERIFY(Heights.front() >= 6);
+    QVERIFY(Heights.back() <= 2);
+  }
+
   void shouldShowWhatOnClickThrows() {
     TSample Form;
     QVERIFY(Form.Show());
