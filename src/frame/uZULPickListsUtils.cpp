@@ -1,6 +1,5 @@
 #include "frame/uZULPickListsUtils.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QScreen>
@@ -66,11 +65,11 @@ std::string AddQuotes(std::string_view S) {
 }
 
 void CenterFormOnScreen(toolkit::TForm* Form) {
-  const QScreen* Screen = QGuiApplication::primaryScreen();
+  const QScreen* Screen = toolkit::TForm::CallersScreen(Form);
   if (Screen == nullptr) return;
-  const QSize Size = Screen->size();
-  Form->setGeometry((Size.width() - Form->width()) / 2, (Size.height() - Form->height()) / 2, Form->width(),
-                    Form->height());
+  const QRect Room = Screen->availableGeometry();
+  Form->setGeometry(Room.x() + (Room.width() - Form->width()) / 2, Room.y() + (Room.height() - Form->height()) / 2,
+                    Form->width(), Form->height());
 }
 
 void GridPaint(TDBGrid* Grid, const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State) {

@@ -12,8 +12,8 @@ namespace uZULPickListsUtils {
 /// `S` with every single quote doubled, to stand between single quotes in SQL. Adds no quotes around it.
 ZULPICKLISTS_EXPORT std::string AddQuotes(std::string_view S);
 
-/// Moves a form to the middle of the primary screen, keeping its size. A form larger than the screen gets a negative
-/// position.
+/// Moves a form to the middle of the screen on which the window that calls it stands, of the part that no panel covers,
+/// keeping its size. A form larger than that begins before it.
 ZULPICKLISTS_EXPORT void CenterFormOnScreen(toolkit::TForm* Form);
 
 /// Paints a cell of a grid: a Boolean field as the tick image in the colour of the texts around it (nothing for false),

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -62,6 +63,7 @@ constexpr int RetrievingText = 5000;
 constexpr int Gap = 4;
 constexpr int ListHeight = 328;
 constexpr int ListPadding = 16;
+constexpr int NarrowestList = 100;
 constexpr int ChoicesWidth = 83;
 constexpr int BoxHeight = 14;
 // As long a text as anybody may want to paste; the line edit's own limit would cut it silently.
@@ -408,6 +410,22 @@ void TDocPickBase::changeEvent(QEvent* Event) {
 void TDocPickBase::AdjustWidths() {
   const TLayoutScope Scope(Layout_);
   dbgAvail->SetClientWidth(dbgAvail->ColumnsWidth());
+  int Width = PlaceBesideList();
+  // On a screen that is too narrow for it the list gives way and is scrolled sideways: OK, Cancel and the find box are
+  // to be reached.
+  const QScreen* Screen = CallersScreen(this);
+  if (Screen != nullptr && Width > Screen->availableGeometry().width()) {
+    const int Missing = Width - Screen->availableGeometry().width();
+    dbgAvail->resize(std::max(dbgAvail->width() - Missing, NarrowestList), dbgAvail->height());
+    Width = PlaceBesideList();
+  }
+  SetClientSize(Width, gbList->y() + gbList->height() + Gap);
+  PlacePanels();
+  uZULPickListsUtils::CenterFormOnScreen(this);
+}
+
+// What stands beside the list, as wide as that is now. Returns the width that the form needs.
+int TDocPickBase::PlaceBesideList() {
   gbList->resize(dbgAvail->width() + 2 * Gap, gbList->height());
   const int Left = gbList->x() + gbList->width() + Gap;
   for (QWidget* Beside : {static_cast<QWidget*>(gbFind), static_cast<QWidget*>(rgFindBy),
@@ -418,9 +436,7 @@ void TDocPickBase::AdjustWidths() {
   const QWidget* Rightmost = !gbFind->isHidden()      ? gbFind
                              : !rgOrderBy->isHidden() ? static_cast<QWidget*>(rgOrderBy)
                                                       : gbList;
-  SetClientSize(Rightmost->x() + Rightmost->width() + Gap + pnlButtons->width(), gbList->y() + gbList->height() + Gap);
-  PlacePanels();
-  uZULPickListsUtils::CenterFormOnScreen(this);
+  return Rightmost->x() + Rightmost->width() + Gap + pnlButtons->width();
 }
 
 void TDocPickBase::PlacePanels() {

@@ -64,7 +64,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// Lays out the find-by and order-by controls, one under the other.
   virtual void UpdateFind();
 
-  /// Sizes the grid to its columns, the form to the grid, and centres it on the screen.
+  /// Sizes the grid to its columns, the form to the grid, and centres it on the screen. A grid that would make the form
+  /// wider than the screen is narrower than its columns.
   void AdjustWidths();
   /// Removes the first column that shows the field, if any.
   void RemoveColumn(const ads::TField* Field, bool Adjust);
@@ -235,6 +236,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void LoadCaptions();
   void ReadSys();
   void FitList();
+  int PlaceBesideList();
   void PlacePanels();
   static void RequireUserInterface();
   void Build(ads::TAdsConnection* Connection);

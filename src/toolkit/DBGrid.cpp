@@ -348,12 +348,21 @@ void TDBGrid::focusOutEvent(QFocusEvent* Event) {
   viewport()->update();
 }
 
+void TDBGrid::scrollTo(const QModelIndex& Index, ScrollHint Hint) {
+  const int Sideways = horizontalScrollBar()->value();
+  QTableView::scrollTo(Index, Hint);
+  horizontalScrollBar()->setValue(Sideways);
+}
+
 // Rows only: a whole row is selected, so a move between its cells would be invisible.
 QModelIndex TDBGrid::moveCursor(CursorAction Action, Qt::KeyboardModifiers Modifiers) {
   const int Column = std::max(currentIndex().column(), 0);
   switch (Action) {
     case MoveLeft:
+      horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+      return currentIndex();
     case MoveRight:
+      horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
       return currentIndex();
     case MoveHome:
       return Model_->index(0, Column);

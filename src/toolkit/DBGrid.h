@@ -95,7 +95,8 @@ class ZULTOOLKIT_EXPORT TDBGridColumns {
 /// last. The current row is the dataset's, both ways. The vertical scroll bar always has its place, so that the columns stay fully visible
 /// however many rows there are.
 ///
-/// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row.
+/// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row; Left and
+/// Right scroll columns that do not fit.
 class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   Q_OBJECT
  public:
@@ -146,6 +147,9 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
 
   /// The selected row is shown also while the grid has no focus.
   bool AlwaysShowSelection() const { return true; }
+
+  /// Up and down only: what is seen sideways is the user's to choose.
+  void scrollTo(const QModelIndex& Index, ScrollHint Hint = EnsureVisible) override;
 
   /// Does nothing: a search for what was typed would read every row.
   void keyboardSearch(const QString& Search) override;

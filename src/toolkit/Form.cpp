@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QWindow>
 
 namespace toolkit {
@@ -29,6 +30,13 @@ QFont TForm::TitleFont() {
   QFont Font = FormFont();
   Font.setBold(true);
   return Font;
+}
+
+QScreen* TForm::CallersScreen(const TForm* Form) {
+  if (Form->isVisible()) return Form->screen();
+  const QWidget* Owner = Form->parentWidget() != nullptr ? Form->parentWidget()->window() : nullptr;
+  if (Owner == nullptr || !Owner->isVisible()) Owner = QApplication::activeWindow();
+  return Owner != nullptr ? Owner->screen() : QGuiApplication::primaryScreen();
 }
 
 std::string TForm::Caption() const {

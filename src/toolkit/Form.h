@@ -24,6 +24,10 @@ class ZULTOOLKIT_EXPORT TForm : public QDialog {
   /// The bold one of column titles.
   static QFont TitleFont();
 
+  /// The screen of the window for which the form is shown: its own owner's or the application's active one, otherwise
+  /// the primary one; null without screens. The form itself must not be shown for that.
+  static QScreen* CallersScreen(const TForm* Form);
+
   std::string Caption() const;
   void SetCaption(const std::string& Caption);
 

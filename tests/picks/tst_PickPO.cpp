@@ -8,6 +8,7 @@
 #include "picks/purchasing/uPickAnyPO.h"
 #include "support/NumberedTexts.h"
 #include "support/Pictures.h"
+#include "support/Screens.h"
 #include "toolkit/Formats.h"
 #include "zulcommon/EZULException.h"
 
@@ -670,5 +671,6 @@ void tst_PickPO::shouldTakeTheSameVariableForVendorAndNumber() {
   QCOMPARE(Code, std::string("8"));
 }
 
-QTEST_MAIN(tst_PickPO)
+// The dialog is wider than 800 pixels.
+ZUL_TEST_MAIN(tst_PickPO, QRect(0, 0, 1280, 1024))
 #include "tst_PickPO.moc"
