@@ -15,6 +15,10 @@ constexpr qsizetype MaxMeasured = 2000;
 
 }  // namespace
 
+bool IsCut(const QFont& Font, int CellWidth, const QString& Text) {
+  return QFontMetrics(Font).horizontalAdvance(Text.left(MaxMeasured)) > CellWidth - 2 * CellTextMargin;
+}
+
 Qt::Alignment QtAlignment(ads::TAlignment Alignment) {
   switch (Alignment) {
     case ads::TAlignment::taRightJustify:

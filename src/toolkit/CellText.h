@@ -5,13 +5,18 @@
 
 #include "ads/Field.h"
 
+class QFont;
 class QPainter;
 class QRect;
+class QString;
 
 namespace toolkit {
 
 /// The pixels between a text of the grid and the sides of its cell.
 constexpr int CellTextMargin = 2;
+
+/// Whether a text is wider than a cell of that width has room for.
+bool IsCut(const QFont& Font, int CellWidth, const QString& Text);
 
 Qt::Alignment QtAlignment(ads::TAlignment Alignment);
 

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "toolkit/Mnemonic.h"
+
 namespace toolkit {
 
 namespace {
@@ -56,9 +58,7 @@ void PaintChoice(QPainter& Painter, const QWidget& Button, QStyleOptionButton Op
 
 QString ChoiceToolTip(const QWidget& Button, const QString& Text) {
   if (WidthOf(Button, Text) <= ChoiceTextRect(Button).width()) return {};
-  QString Whole = Text;
-  Whole.replace(QStringLiteral("&&"), QString(QChar(1))).remove(u'&').replace(QChar(1), u'&');
-  return Whole.toHtmlEscaped();
+  return WithoutMnemonic(Text).toHtmlEscaped();
 }
 
 }  // namespace toolkit

@@ -317,6 +317,7 @@ void TDBGrid::keyPressEvent(QKeyEvent* Event) {
     if (!Event->isAutoRepeat()) CallDblClick();
     return;
   }
+  if (Event->matches(QKeySequence::Copy)) return CopyRow();
   if (HandleCharacter(*Event)) return;
   QTableView::keyPressEvent(Event);
 }

@@ -96,7 +96,8 @@ class ZULTOOLKIT_EXPORT TDBGridColumns {
 /// however many rows there are.
 ///
 /// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row; Left and
-/// Right scroll columns that do not fit.
+/// Right scroll columns that do not fit. Ctrl+C copies the values of the row as they are shown, separated by tabs. What
+/// is cut off is to be read in a tool tip.
 class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   Q_OBJECT
  public:
@@ -166,8 +167,12 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
 
  private:
   friend class TColumn;
+  friend class TDBGridModel;
   class TCellDelegate;
 
+  QString CellToolTip(const QModelIndex& Index) const;
+  QString TitleToolTip(int Column) const;
+  void CopyRow() const;
   void SetUpLook();
   void SetUpBehaviour();
   TGridDrawState StateOf(const QModelIndex& Index) const;

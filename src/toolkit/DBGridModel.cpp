@@ -56,6 +56,7 @@ QString TDBGridModel::CellText(const QModelIndex& Index) const {
 QVariant TDBGridModel::data(const QModelIndex& Index, int Role) const {
   if (!Index.isValid() || Index.column() >= Grid_.Columns().Count()) return {};
   if (Role == Qt::DisplayRole) return CellText(Index);
+  if (Role == Qt::ToolTipRole) return Grid_.CellToolTip(Index);
   if (Role == Qt::TextAlignmentRole) return static_cast<int>(QtAlignment(Grid_.Columns()[Index.column()]->Alignment()));
   return {};
 }
@@ -66,6 +67,7 @@ QVariant TDBGridModel::headerData(int Section, Qt::Orientation Orientation, int 
   }
   const TColumn& Column = *Grid_.Columns()[Section];
   if (Role == Qt::DisplayRole) return QString::fromStdString(Column.Title());
+  if (Role == Qt::ToolTipRole) return Grid_.TitleToolTip(Section);
   if (Role == Qt::TextAlignmentRole) return static_cast<int>(QtAlignment(Column.TitleAlignment()));
   return {};
 }

@@ -7,6 +7,8 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "toolkit/Mnemonic.h"
+
 namespace toolkit {
 
 namespace {
@@ -29,7 +31,7 @@ bool TGroupBox::event(QEvent* Event) {
   if (Event->type() != QEvent::ToolTip || !toolTip().isEmpty() || ShownTitle() == title()) {
     return QGroupBox::event(Event);
   }
-  QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), title().toHtmlEscaped(), this);
+  QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), WithoutMnemonic(title()).toHtmlEscaped(), this);
   return true;
 }
 

@@ -14,6 +14,7 @@
 #include "toolkit/ImageList.h"
 #include "toolkit/Lists.h"
 #include "toolkit/MirroredLayout.h"
+#include "toolkit/Mnemonic.h"
 #include "toolkit/QuietLoop.h"
 #include "toolkit/RadioGroup.h"
 #include "toolkit/Set.h"

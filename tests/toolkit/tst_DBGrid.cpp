@@ -85,6 +85,17 @@ std::pair<int, int> DarkColumns(const QImage& Image) {
   return Result;
 }
 
+// The tool tip that comes up over a place; empty when none does.
+QString ToolTipAt(QWidget* Over, const QPoint& At) {
+  QToolTip::hideText();
+  QTest::qWait(400);  // it fades
+  QHelpEvent Event(QEvent::ToolTip, At, Over->mapToGlobal(At));
+  QApplication::sendEvent(Over, &Event);
+  const QString Text = QToolTip::isVisible() ? QToolTip::text() : QString();
+  QToolTip::hideText();
+  return Text;
+}
+
 // What assistive programs select with.
 QAccessibleTableInterface& Table(const TSample& Form) {
   return *QAccessible::queryAccessibleInterface(Form.Grid)->tableInterface();
@@ -753,6 +764,46 @@ class tst_DBGrid : public QObject {
     QCOMPARE(Table->tableInterface()->rowCount(), 5);
     QCOMPARE(Table->tableInterface()->cellAt(2, 1)->text(QAccessible::Name), QStringLiteral("City 3"));
     QCOMPARE(Table->tableInterface()->columnDescription(1), QStringLiteral("City"));
+  }
+
+  // Reading.
+
+  void shouldExplainWhatIsCutOff() {
+    TSample Form(3);
+    Form.Cities.City->OnGetText = [](const ads::TField& Sender, std::string& Text) {
+      Text = Sender.AsString() == "City 2" ? std::string("Llanfair<pwll>gwyngyllgogerychwyrndrobwll") : "Ayr";
+    };
+    Form.Cities.Zip->SetDisplayLabel("The postcode of the place");
+    Form.Grid->Columns()[0]->SetWidth(40);
+    QVERIFY(Form.Open().Show());
+    QCOMPARE(ToolTipAt(Form.Grid->viewport(), Form.Cell(1, 1)),
+             QStringLiteral("<qt>Llanfair&lt;pwll&gt;gwyngyllgogerychwyrndrobwll</qt>"));
+    QCOMPARE(ToolTipAt(Form.Grid->viewport(), Form.Cell(0, 1)), QString());
+    QCOMPARE(ToolTipAt(Form.Grid->horizontalHeader()->viewport(), QPoint(10, 5)),
+             QStringLiteral("<qt>The postcode of the place</qt>"));
+    QCOMPARE(ToolTipAt(Form.Grid->horizontalHeader()->viewport(), QPoint(60, 5)), QString());
+  }
+
+  void shouldExplainNoTick() {
+    TSample Form(5);
+    Form.Grid->AddColumn(Form.Cities.Capital).SetWidth(16);
+    QVERIFY(Form.Open().Show());
+    QCOMPARE(Form.Grid->model()->index(4, 3).data(Qt::ToolTipRole).toString(), QString());
+  }
+
+  void shouldCopyTheRowThatIsShown() {
+    TSample Form(3);
+    Form.Cities.City->OnGetText = [](const ads::TField& Sender, std::string& Text) {
+      Text = Sender.AsString() + ",\tOld\nTown";
+    };
+    QVERIFY(Form.Open().Show());
+    Form.Press(Qt::Key_Down);
+    Form.Press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("0002\tCity 2, Old Town\t20"));
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    Form.Cities.Query->Close();
+    Form.Press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
   }
 
   // However a row is selected.
