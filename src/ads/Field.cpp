@@ -207,7 +207,7 @@ std::string TField::DisplayText() const {
       return AsString();
     case TFieldType::ftDate:
       return DisplayFormat_.empty() ? zulcommon::FormatShortDate(AsDate())
-                                    : zulcommon::FormatDate(DisplayFormat_, AsDate());
+                                    : zulcommon::FormatShownDate(DisplayFormat_, AsDate());
     case TFieldType::ftFloat:
       if (const TValue* Own = OwnValue()) {
         if (const auto* Money = std::get_if<zulcommon::TCurrency>(Own)) {

@@ -54,11 +54,16 @@ inline TFindRule OnTypedInteger(std::string Start) {
 /// for.
 struct TPickChoice {
   /// A choice that is called as a field's column is.
-  TPickChoice(const ads::TField* Field, std::string TheSort, TFindRule TheFind)
-      : Caption(Field->DisplayLabel()), Sort(std::move(TheSort)), Find(std::move(TheFind)) {}
+  TPickChoice(const ads::TField* TheField, std::string TheSort, TFindRule TheFind)
+      : Field(TheField), Caption(TheField->DisplayLabel()), Sort(std::move(TheSort)), Find(std::move(TheFind)) {}
+  /// One that is called otherwise than the field's column.
+  TPickChoice(const ads::TField* TheField, std::string TheCaption, std::string TheSort, TFindRule TheFind)
+      : Field(TheField), Caption(std::move(TheCaption)), Sort(std::move(TheSort)), Find(std::move(TheFind)) {}
   TPickChoice(std::string TheCaption, std::string TheSort, TFindRule TheFind)
       : Caption(std::move(TheCaption)), Sort(std::move(TheSort)), Find(std::move(TheFind)) {}
 
+  /// The field whose column is searched and ordered by; null when there is none.
+  const ads::TField* Field = nullptr;
   std::string Caption;
   /// What ends the SELECT line when the list is ordered by this choice: "UPPER(C.ID) SortFld". One that starts with
   /// SELECT is the whole line.

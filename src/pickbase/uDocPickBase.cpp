@@ -175,6 +175,8 @@ void TDocPickBase::ConnectEvents() {
   rgFindBy->OnClick = [this] { rgFindByClick(); };
   rgOrderBy->OnClick = [this] { OrderClick(); };
   connect(ckbDesc, &QCheckBox::toggled, this, [this] { Guarded(this, [this] { OrderClick(); }); });
+  dbgAvail->OnTitleClick = [this](const toolkit::TColumn* Title) { dbgAvailTitleClick(Title); };
+  connect(qryList_, &ads::TDataSet::Opened, this, &TDocPickBase::ShowOrder);
   dbgAvail->OnDblClick = [this] { dbgAvailDblClick(); };
   dbgAvail->OnDrawColumnCell = [this](toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
                                       toolkit::TColumn* Column, toolkit::TGridDrawState State) {
@@ -649,6 +651,23 @@ void TDocPickBase::rgFindByClick() {
 
 void TDocPickBase::OrderClick() {
   if (!InSetup) CallSetSQL();
+}
+
+// Through the radio button or the box, as if the user had clicked these.
+void TDocPickBase::dbgAvailTitleClick(const toolkit::TColumn* Title) {
+  for (std::size_t Index = 0; Index < Choices_.size(); ++Index) {
+    if (Choices_[Index].Field == nullptr || Choices_[Index].Field != Title->Field()) continue;
+    if (rgOrderBy->ItemIndex() == static_cast<int>(Index)) return ckbDesc->toggle();
+    return rgOrderBy->SetItemIndex(static_cast<int>(Index));
+  }
+}
+
+void TDocPickBase::ShowOrder() {
+  const int Index = rgOrderBy->ItemIndex();
+  const bool Known = Index >= 0 && Index < static_cast<int>(Choices_.size());
+  const ads::TField* Field = Known ? Choices_[static_cast<std::size_t>(Index)].Field : nullptr;
+  const toolkit::TColumn* Column = Field != nullptr ? uZULPickListsUtils::GridCol(dbgAvail, Field) : nullptr;
+  dbgAvail->ShowOrder(Column, ckbDesc->isChecked());
 }
 
 void TDocPickBase::dbgAvailDblClick() {

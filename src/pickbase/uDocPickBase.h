@@ -97,6 +97,9 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void edFindChange();
   void rgFindByClick();
   void OrderClick();
+  /// A title by which the list can be ordered is chosen; the one by which it is ordered already turns the direction
+  /// over.
+  void dbgAvailTitleClick(const toolkit::TColumn* Title);
   virtual void dbgAvailDblClick();
   virtual void dbgAvailDrawColumnCell(toolkit::TDBGrid* Sender, const QRect& Rect, int DataCol,
                                       toolkit::TColumn* Column, toolkit::TGridDrawState State);
@@ -246,6 +249,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void OpenWithoutFind(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe,
                        const std::string& Why);
   void TellRows();
+  void ShowOrder();
   void RunQuery();
   void RunQueries();
   void StopQuery();

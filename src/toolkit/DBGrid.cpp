@@ -85,6 +85,11 @@ void TDBGrid::SetUpBehaviour() {
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollMode(ScrollPerPixel);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TDBGrid::WantEnd);
+  // The table itself would select a column.
+  horizontalHeader()->disconnect(this);
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int Index) {
+    if (OnTitleClick) Guarded(this, [Handler = OnTitleClick, Column = Columns_[Index]] { Handler(Column); });
+  });
 }
 
 void TDBGrid::SetDataSet(ads::TDataSet* DataSet) {
@@ -180,6 +185,7 @@ TColumn& TDBGrid::InsertColumn(int Index, ads::TField* Field) {
 void TDBGrid::RemoveColumn(int Index) {
   const TColumn* Column = Columns_[Index];
   Columns_.Columns_.erase(Columns_.begin() + Index);
+  if (Column == OrderColumn_) OrderColumn_ = nullptr;
   delete Column;
   ResetRows();
   ColumnsChanged();
@@ -190,6 +196,12 @@ void TDBGrid::ColumnsChanged() {
     horizontalHeader()->resizeSection(Column->Index(), Column->Width() + LineWidth);
   Model_->TitlesChanged();
   Model_->ValuesChanged();
+}
+
+void TDBGrid::ShowOrder(const TColumn* Column, bool Descending) {
+  OrderColumn_ = Column;
+  OrderDescending_ = Descending;
+  horizontalHeader()->viewport()->update();
 }
 
 int TDBGrid::ColumnsWidth() const {

@@ -129,6 +129,14 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   /// Gets every character key typed into the grid before the grid does; true keeps it from the grid. Guarded.
   std::function<bool(const QString& Text)> OnKeyPress;
 
+  /// Called for a click on a title; guarded.
+  std::function<void(TColumn* Column)> OnTitleClick;
+
+  /// Shows by an arrow over its title the column by which the rows are ordered; null for none.
+  void ShowOrder(const TColumn* Column, bool Descending);
+  const TColumn* OrderColumn() const { return OrderColumn_; }
+  bool OrderDescending() const { return OrderDescending_; }
+
   /// The cell as text: filled with the canvas's brush, the field's display text in the canvas's pen, aligned as the
   /// column, 2 pixels from the sides, cut off with an ellipsis (a right-aligned one at its start). Only while a cell is
   /// being painted.
@@ -195,6 +203,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   TDBGridColumns Columns_;
   QPainter* Canvas_ = nullptr;
   std::string EmptyText_;
+  const TColumn* OrderColumn_ = nullptr;
+  bool OrderDescending_ = false;
   bool Following_ = false;           // the grid is being brought to the dataset's row, or the other way round
   bool WantsEnd_ = false;            // the end of the list is going to be shown
   bool PaintErrorReported_ = false;  // for this opening of the dataset

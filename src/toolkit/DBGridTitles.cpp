@@ -12,6 +12,8 @@ namespace toolkit {
 namespace {
 
 constexpr int TitleHeight = 18;
+constexpr qreal ArrowTop = 0.5;
+constexpr qreal ArrowHeight = 3.5;
 
 }  // namespace
 
@@ -20,7 +22,7 @@ TDBGridTitles::TDBGridTitles(TDBGrid& Grid) : QHeaderView(Qt::Horizontal, &Grid)
   setFixedHeight(TitleHeight);
   setMinimumSectionSize(1);  // the style's own would be wider than a column of ticks
   setSectionResizeMode(Fixed);
-  setSectionsClickable(false);
+  setSectionsClickable(true);
   setHighlightSections(false);
 }
 
@@ -43,7 +45,22 @@ void TDBGridTitles::paintSection(QPainter* Painter, const QRect& Rect, int Secti
   const TColumn& Column = *Grid_.Columns()[Section];
   Painter->setFont(font());
   Painter->setPen(palette().color(QPalette::ButtonText));
+  if (&Column == Grid_.OrderColumn()) PaintArrow(*Painter, Rect);
   DrawCellText(*Painter, Rect.adjusted(0, 0, -1, -1), Column.Title(), Column.TitleAlignment(), layoutDirection());
+}
+
+// Above the text, so that no title loses room by it: up for ascending, as on every desktop.
+void TDBGridTitles::PaintArrow(QPainter& Painter, const QRect& Title) const {
+  const QPointF Middle(Title.center().x() + 0.5, Title.top() + ArrowTop);
+  const qreal Base = Grid_.OrderDescending() ? 0 : ArrowHeight;
+  const qreal Point = ArrowHeight - Base;
+  Painter.save();
+  Painter.setRenderHint(QPainter::Antialiasing);
+  Painter.setPen(Qt::NoPen);
+  Painter.setBrush(palette().color(QPalette::ButtonText));
+  Painter.drawPolygon(QPolygonF(
+      {Middle + QPointF(-ArrowHeight, Base), Middle + QPointF(ArrowHeight, Base), Middle + QPointF(0, Point)}));
+  Painter.restore();
 }
 
 }  // namespace toolkit

@@ -7,7 +7,7 @@ namespace toolkit {
 class TDBGrid;
 
 /// The titles of a grid's columns: bold, each aligned as its column says, as close to the sides as the cells' texts.
-/// They do nothing when they are clicked.
+/// The one by which the rows are ordered has an arrow above its text.
 class TDBGridTitles : public QHeaderView {
   Q_OBJECT
  public:
@@ -17,6 +17,8 @@ class TDBGridTitles : public QHeaderView {
   void paintSection(QPainter* Painter, const QRect& Rect, int Section) const override;
 
  private:
+  void PaintArrow(QPainter& Painter, const QRect& Title) const;
+
   const TDBGrid& Grid_;
 };
 

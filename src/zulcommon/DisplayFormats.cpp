@@ -200,7 +200,11 @@ std::string FormatNumber(std::string_view Format, TCurrency Value) {
 }
 
 std::string FormatShortDate(QDate Date) {
-  return WithLocaleDigits(FormatDate(ShortDateFormat(), Date));
+  return FormatShownDate(ShortDateFormat(), Date);
+}
+
+std::string FormatShownDate(std::string_view Pattern, QDate Date) {
+  return WithLocaleDigits(FormatDate(Pattern, Date));
 }
 
 std::string FormatDate(std::string_view Pattern, QDate Date) {

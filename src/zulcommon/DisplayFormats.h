@@ -28,6 +28,9 @@ ZULCOMMON_EXPORT std::string FormatShortDate(QDate Date);
 /// empty for an invalid date.
 ZULCOMMON_EXPORT std::string FormatDate(std::string_view Pattern, QDate Date);
 
+/// The same in the digits of the user's locale, to be shown and not stored.
+ZULCOMMON_EXPORT std::string FormatShownDate(std::string_view Pattern, QDate Date);
+
 /// Minutes after midnight as "HH:NN", two digits each: 605 gives "10:05". Out of a day's range the hours go on
 /// counting; a negative value has its sign in front.
 ZULCOMMON_EXPORT std::string FormatMinutes(int MinutesAfterMidnight);

@@ -186,6 +186,8 @@ class tst_Field : public QObject {
     QCOMPARE(Day->DisplayWidth(), 13);  // 2000. 12. 30.
     QLocale::setDefault(QLocale("de_DE"));
     QCOMPARE(Day->DisplayWidth(), 10);
+    QLocale::setDefault(QLocale("fa_IR"));
+    QCOMPARE(zulcommon::FormatShownDate("dd/mm/yyyy", QDate(2026, 3, 9)), std::string("۰۹/۰۳/۲۰۲۶"));
     QLocale::setDefault(QLocale(QLocale::English, QLocale::Australia));
   }
 

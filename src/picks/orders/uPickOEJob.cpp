@@ -24,7 +24,7 @@ void TfrmPickOEJob::SetUpColumns() {
   SetLabels({{qryList_JobNo, 3000}, {qryList_Desc, 3001}, {qryList_Type, 3147}, {qryList_Number, 3021}});
   SetChoices({{qryList_JobNo, "UPPER(j.JobNo) SortFld", Contains("AND UPPER(j.JobNo)")},
               {qryList_Desc, "UPPER(j.[Desc]) SortFld", Contains("AND UPPER(j.[Desc])")},
-              {LoadZULResString(3022), "UPPER(o.Type) SortFld", Contains("AND UPPER(o.Type)")},
+              {qryList_Type, LoadZULResString(3022), "UPPER(o.Type) SortFld", Contains("AND UPPER(o.Type)")},
               {qryList_Number, "UPPER(o.Number) SortFld", Contains("AND UPPER(o.Number)")}},
              1);
 }

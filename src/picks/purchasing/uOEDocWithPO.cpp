@@ -42,8 +42,9 @@ void TfrmPickOEDocWithPO::SetUpColumns() {
     Choices.emplace_back(qryList_Company, "UPPER(C.Company) SortFld", Contains("AND UPPER(C.Company)"));
   }
   Choices.emplace_back(qryList_Number, "UPPER(O.Number) SortFld", Contains("AND UPPER(O.Number)"));
-  Choices.emplace_back(LoadZULResString(3022), "UPPER(O.Type) SortFld", Contains("AND UPPER(O.Type)"));
-  Choices.emplace_back(LoadZULResString(3025), "UPPER(O.SalesMan) SortFld", Contains("AND UPPER(O.SalesMan)"));
+  Choices.emplace_back(qryList_Type, LoadZULResString(3022), "UPPER(O.Type) SortFld", Contains("AND UPPER(O.Type)"));
+  Choices.emplace_back(qryList_SalesMan, LoadZULResString(3025), "UPPER(O.SalesMan) SortFld",
+                       Contains("AND UPPER(O.SalesMan)"));
   Choices.emplace_back(qryList_Date, R"(O."Date" SortFld)", OnDate(R"(AND O."Date")"));
   SetChoices(std::move(Choices), ForCustomer ? 0 : 1);
 }

@@ -21,7 +21,7 @@ void TfrmPickSalesPerson::SetUpColumns() {
   SetAvailableCaption(LoadZULResString(59));
   SetLabels({{qryList_SalesMan, 3018}, {qryList_Department, 3019}, {qryList_Title, 3020}});
   // The name has a shorter caption among the choices than in the list.
-  SetChoices({{LoadZULResString(3025), "UPPER(SalesMan) SortFld", Contains("AND UPPER(SalesMan)")},
+  SetChoices({{qryList_SalesMan, LoadZULResString(3025), "UPPER(SalesMan) SortFld", Contains("AND UPPER(SalesMan)")},
               {qryList_Department, "UPPER(Department) SortFld", Contains("AND UPPER(Department)")},
               {qryList_Title, "UPPER(Title) SortFld", Contains("AND UPPER(Title)")}},
              0);
