@@ -23,6 +23,13 @@ TPickCall* TPickCall::Current() {
   return Innermost();
 }
 
+bool TPickCall::IsUnderWay(const TPickCall* Call) {
+  for (const TPickCall* Each = Innermost(); Each != nullptr; Each = Each->Outer_) {
+    if (Each == Call) return true;
+  }
+  return false;
+}
+
 void TPickCall::HoldInput() {
   if (Input_ != nullptr) return;
   Input_ = std::make_unique<toolkit::TInputHeld>([this] {

@@ -27,6 +27,8 @@ class ZULPICKLISTS_EXPORT TPickCall {
 
   /// The innermost one of this thread; null when there is none.
   static TPickCall* Current();
+  /// Whether a call of this thread has not ended yet; null has.
+  static bool IsUnderWay(const TPickCall* Call);
 
   /// Begins to hold the input; on the thread of the user interface.
   void HoldInput();

@@ -115,7 +115,6 @@ void TDocPickBase::CreateList() {
   dbgAvail->setGeometry(Gap, ListPadding, 193, ListHeight - ListPadding - Gap);
   dbgAvail->SetDataSet(qryList_);
   qryList_->SetFirstRowsFirst(true);
-  qryList_->OnProgress = toolkit::ServeEvents;
   qryList_->HoldOthers = [] { return std::make_shared<toolkit::TOthersHeld>(); };
   qryList_->OnRestFailed = [this](const std::string& Message) { toolkit::ShowError(this, Message); };
 }
@@ -208,7 +207,11 @@ void TDocPickBase::RequireUserInterface() {
 // The construction steps, on the complete object.
 void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   if (Connection == nullptr) throw ads::EDatabaseError("A pick needs a database connection.");
-  for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) DataSet->SetConnection(Connection);
+  for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) {
+    DataSet->SetConnection(Connection);
+    DataSet->OnProgress = toolkit::ServeEvents;
+  }
+  if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) Call->OnGiveUp = [this] { StopQuery(); };
   LoadCaptions();
   ReadSys();
   SetShowIfEmpty(true);
@@ -228,7 +231,14 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   actOKUpdate();
   actFindUpdate();
   if (HasFindBox()) edFind->setFocus();
+}
+
+// From here on tables are read while the list is painted, when no events may be served.
+void TDocPickBase::EndBuild() {
   IsBuilt_ = true;
+  for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) {
+    if (DataSet != qryList_) DataSet->OnProgress = nullptr;
+  }
 }
 
 void TDocPickBase::LoadCaptions() {
@@ -303,7 +313,7 @@ void TDocPickBase::RunQueries() {
 // user may close the dialog there: nothing is left to be queried then.
 void TDocPickBase::RunQuery() {
   using uZULPickPlsWait::TZULPickPlsWait;
-  IsStopped_ = false;
+  IsStopped_ = IsGivenUp_;
   const bool WasVisible = isVisible();
   const QPointer<TZULPickPlsWait> Wait(new TZULPickPlsWait(this, LoadZULResString(RetrievingText), false));
   const auto Done = qScopeGuard([Wait] { delete Wait; });  // it may have gone with the dialog
@@ -313,10 +323,8 @@ void TDocPickBase::RunQuery() {
     const QPointer<TDocPickBase> StillThere(this);
     toolkit::ServeEvents();
     if (StillThere == nullptr || !isVisible()) return;
-  } else if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) {
-    Call->OnGiveUp = Wait->OnEscape;
   }
-  SetSQL();
+  if (!IsStopped_) SetSQL();
 }
 
 // Before the dialog is built there is nobody who could pick from what is there.
@@ -324,7 +332,7 @@ void TDocPickBase::StopQuery() {
   IsStopped_ = true;
   IsGivenUp_ = !IsBuilt_;
   QueryAgain_ = false;
-  qryList_->Stop();
+  for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) DataSet->Stop();
 }
 
 TDocPickBase::TConstruction::TConstruction() {
@@ -336,8 +344,19 @@ TDocPickBase::TConstruction::~TConstruction() {
   if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) Call->OnGiveUp = nullptr;
 }
 
-void TDocPickBase::TConstruction::EndOf(TDocPickBase& Dialog) const {
-  if (Own_ != nullptr) Dialog.qryList_->LetGo(ads::TDataSet::TRest::InEventLoop);
+void TDocPickBase::TConstruction::Run(TDocPickBase& Dialog, ads::TAdsConnection* Connection) const {
+  try {
+    Dialog.Build(Connection);
+    Dialog.AfterCreate();
+  } catch (...) {
+    if (!Dialog.IsGivenUp_) throw;
+  }
+  Dialog.EndBuild();
+  if (Own_ == nullptr) {
+    Dialog.Call_ = pickbase::TPickCall::Current();
+  } else {
+    Dialog.qryList_->LetGo(ads::TDataSet::TRest::InEventLoop);
+  }
 }
 
 bool TDocPickBase::ShowPick() {
@@ -360,11 +379,10 @@ bool TDocPickBase::ShowPick() {
 // Keys that were typed so far are on their way to other windows, which take none any more once a modal one is shown.
 // Whether the pick goes on.
 bool TDocPickBase::TakeLastKeys() {
-  pickbase::TPickCall* Call = pickbase::TPickCall::Current();
-  if (Call == nullptr) return true;
-  Call->OnGiveUp = [this] { IsGivenUp_ = true; };
+  if (!pickbase::TPickCall::IsUnderWay(Call_)) return true;
+  Call_->OnGiveUp = [this] { IsGivenUp_ = true; };
   toolkit::ServeEvents();
-  Call->OnGiveUp = nullptr;
+  Call_->OnGiveUp = nullptr;
   return !IsGivenUp_;
 }
 
@@ -379,13 +397,12 @@ void TDocPickBase::AwaitActivation() {
 }
 
 void TDocPickBase::BeUp() {
-  pickbase::TPickCall* Call = pickbase::TPickCall::Current();
-  if (Call != nullptr && isVisible()) Call->DialogIsUp(HasFindBox() ? edFind : nullptr);
+  if (pickbase::TPickCall::IsUnderWay(Call_) && isVisible()) Call_->DialogIsUp(HasFindBox() ? edFind : nullptr);
 }
 
 bool TDocPickBase::event(QEvent* Event) {
   // Keys that were typed before are still on their way.
-  if (Event->type() == QEvent::WindowActivate && pickbase::TPickCall::Current() != nullptr) {
+  if (Event->type() == QEvent::WindowActivate && Call_ != nullptr) {
     QMetaObject::invokeMethod(this, &TDocPickBase::BeUp, Qt::QueuedConnection);
   }
   return TForm::event(Event);
@@ -608,7 +625,9 @@ void TDocPickBase::TellRows() {
   if (qryList_->Active() && qryList_->IsComplete()) {
     const int Count = qryList_->KnownRows();
     Text = Count == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(QLocale().toString(Count));
-    if (SearchFailed_) Text = QStringLiteral("The search could not be done. All %1").arg(Text);
+  }
+  if (SearchFailed_) {
+    Text = QStringLiteral("The search could not be done. All %1").arg(Text.isEmpty() ? QStringLiteral("rows") : Text);
   }
   dbgAvail->SetEmptyText(HasSearched_ ? "Nothing found" : "");
   if (Text == lblRows->text()) return;

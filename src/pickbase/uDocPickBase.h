@@ -152,10 +152,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
     RequireUserInterface();
     const TConstruction Construction;
     std::unique_ptr<TDialog> Dialog(new TDialog(std::forward<TArgs>(Args)...));
-    TDocPickBase& Base = *Dialog;
-    Base.Build(Connection);
-    Base.AfterCreate();
-    Construction.EndOf(Base);
+    Construction.Run(*Dialog, Connection);
     return Dialog;
   }
 
@@ -219,13 +216,13 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void closeEvent(QCloseEvent* Event) override;
 
  private:
-  /// What holds while a dialog is constructed. One that no pick call has asked for lets go of the database in the end,
-  /// because nobody knows when it will be shown.
+  /// The construction steps, and what holds meanwhile. A dialog that no pick call has asked for lets go of the database
+  /// in the end, because nobody knows when it will be shown. A failure is of no interest to a user who has given up.
   class ZULPICKLISTS_EXPORT TConstruction {
    public:
     TConstruction();
     ~TConstruction();
-    void EndOf(TDocPickBase& Dialog) const;
+    void Run(TDocPickBase& Dialog, ads::TAdsConnection* Connection) const;
 
    private:
     std::unique_ptr<pickbase::TPickCall> Own_;
@@ -243,6 +240,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void PlacePanels();
   static void RequireUserInterface();
   void Build(ads::TAdsConnection* Connection);
+  void EndBuild();
   TQueryState QueryState() const;
   TQueryState CheckedState(const TPickChoices& Choices) const;
   void OpenBuilt(const TQueryState& State, const TPickChoices& Choices, const TRecipe& Recipe, bool FindLines);
@@ -265,6 +263,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   bool QueryAgain_ = false;
   bool SearchFailed_ = false;  // the list is the whole one because the search could not be done
   bool HasSearched_ = false;   // the list is what was found
+  pickbase::TPickCall* Call_ = nullptr;  // that has asked for the dialog, and may have ended since
   bool IsBuilt_ = false;
   bool IsStopped_ = false;     // the query that runs, or ran last
   bool IsGivenUp_ = false;     // the pick, before its dialog was built
