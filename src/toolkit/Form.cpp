@@ -8,6 +8,31 @@
 
 namespace toolkit {
 
+namespace {
+
+bool IsEnter(const QKeyEvent& Event) {
+  return Event.key() == Qt::Key_Return || Event.key() == Qt::Key_Enter;
+}
+
+// Enter clicks the button in which it is pressed. Asked for later, by the form, that need no longer be the one with the
+// focus: an Enter in another control may have taken long.
+class TEnterClicks : public QObject {
+ public:
+  static constexpr QLatin1String Name{"EnterClicks"};
+
+  explicit TEnterClicks(TForm* Form) : QObject(Form) { setObjectName(Name); }
+
+  bool eventFilter(QObject* Button, QEvent* Event) override {
+    if (Event->type() != QEvent::KeyPress) return false;
+    const auto& Key = static_cast<const QKeyEvent&>(*Event);
+    if (!IsEnter(Key)) return false;
+    if (!Key.isAutoRepeat()) static_cast<QPushButton*>(Button)->click();
+    return true;
+  }
+};
+
+}  // namespace
+
 TForm::TForm(QWidget* Parent) : QDialog(Parent) {
   // A frame with a close button only: the size is fixed, and there is no context help.
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -64,9 +89,12 @@ void TForm::GiveFont() {
 void TForm::setVisible(bool Visible) {
   if (Visible) {
     GiveFont();
+    auto* Enter = findChild<QObject*>(TEnterClicks::Name, Qt::FindDirectChildrenOnly);
+    if (Enter == nullptr) Enter = new TEnterClicks(this);
     for (QPushButton* Button : findChildren<QPushButton*>()) {
       Button->setAutoDefault(false);
       Button->setDefault(false);
+      Button->installEventFilter(Enter);
     }
   }
   QDialog::setVisible(Visible);
@@ -85,12 +113,7 @@ bool TForm::ShowModal() {
 }
 
 void TForm::keyPressEvent(QKeyEvent* Event) {
-  if (Event->key() != Qt::Key_Return && Event->key() != Qt::Key_Enter) {
-    QDialog::keyPressEvent(Event);
-    return;
-  }
-  auto* Button = qobject_cast<QPushButton*>(focusWidget());
-  if (Button != nullptr && Button->hasFocus() && !Event->isAutoRepeat()) Button->click();
+  if (!IsEnter(*Event)) QDialog::keyPressEvent(Event);
 }
 
 }  // namespace toolkit

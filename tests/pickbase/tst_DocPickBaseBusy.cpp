@@ -46,8 +46,8 @@ class tst_DocPickBaseBusy : public QObject {
   void init();
   void cleanup();
 
-  void shouldCloseWhenCancelIsClickedMeanwhile();
-  void shouldCloseByEscapeMeanwhile();
+  void shouldKeepTheOldListWhenCancelIsClickedMeanwhile();
+  void shouldKeepTheOldListForEscapeMeanwhile();
   void shouldNotBeConfirmedMeanwhile();
   void shouldQueryOnceMoreForASecondEnter();
   void shouldQueryOnceMoreForManyChanges();
@@ -66,6 +66,7 @@ class tst_DocPickBaseBusy : public QObject {
   bool Search(
       const QString& Text, const std::function<void()>& Meanwhile, const std::function<void()>& Afterwards = [] {});
   void DoMeanwhile(const std::function<void()>& Meanwhile);
+  void StopsAndThenCloses(const std::function<void()>& Stop);
 
   std::unique_ptr<TTestCompany> Company_;
   std::unique_ptr<TPurchaseDialog> Dialog_;
@@ -111,22 +112,31 @@ bool tst_DocPickBaseBusy::Search(const QString& Text, const std::function<void()
                    });
 }
 
-void tst_DocPickBaseBusy::shouldCloseWhenCancelIsClickedMeanwhile() {
-  bool Open = true;
-  QVERIFY(!Search(
-      "p1", [&] { support::ClickCancel(*Dialog_); }, [&] { Open = Dialog_->isVisible(); }));
+void tst_DocPickBaseBusy::StopsAndThenCloses(const std::function<void()>& Stop) {
+  Dialog_->qryList_->SetRecNo(5);
+  bool Open = false;
+  bool Closed = false;
+  QVERIFY(!Search("p1", Stop, [&] {
+    Open = Dialog_->isVisible();
+    Stop();
+    Closed = !Dialog_->isVisible();
+  }));
   QVERIFY(Happened_);
-  QVERIFY(!Open);
+  QVERIFY(Open);
+  QVERIFY(Closed);
   QCOMPARE(Dialog_->Queries, 2);
+  QCOMPARE(Dialog_->qryList_->RecordCount(), 600);
+  QCOMPARE(Dialog_->qryList_->RecNo(), 5);
+  QCOMPARE(Dialog_->edFind->text(), QString("p1"));
   QVERIFY(Dialog_->findChild<uZULPickPlsWait::TZULPickPlsWait*>() == nullptr);
 }
 
-void tst_DocPickBaseBusy::shouldCloseByEscapeMeanwhile() {
-  bool Open = true;
-  QVERIFY(!Search(
-      "p1", [&] { QTest::keyClick(Dialog_->edFind, Qt::Key_Escape); }, [&] { Open = Dialog_->isVisible(); }));
-  QVERIFY(Happened_);
-  QVERIFY(!Open);
+void tst_DocPickBaseBusy::shouldKeepTheOldListWhenCancelIsClickedMeanwhile() {
+  StopsAndThenCloses([&] { support::ClickCancel(*Dialog_); });
+}
+
+void tst_DocPickBaseBusy::shouldKeepTheOldListForEscapeMeanwhile() {
+  StopsAndThenCloses([&] { QTest::keyClick(Dialog_->edFind, Qt::Key_Escape); });
 }
 
 void tst_DocPickBaseBusy::shouldNotBeConfirmedMeanwhile() {
