@@ -341,7 +341,7 @@ class TPostgreSQLCursor final : public TCursor {
       // A query whose rows have been read to the last one ends by itself.
       const TTime End = Now + Moment;
       if (Phase_ != TPhase::Idle && Phase_ != TPhase::Closing) {
-        if (!DrainFew(Now + EndIsNear)) Cancel_ = Talk_.Cancel();
+        if (!DrainFew(Now + EndIsNear) && !EndByCancel(End)) return Talk_.Cut();
         if (!Talk_.Drain(End) || !IsCancelDone(End)) return Talk_.Cut();
         CloseScope();
       }
@@ -350,6 +350,16 @@ class TPostgreSQLCursor final : public TCursor {
       // The connection is lost, and what was open with it.
     }
     Phase_ = TPhase::Idle;
+  }
+
+  // A server that has not begun with the query yet has nothing to cancel, and is asked again.
+  bool EndByCancel(TTime End) {
+    constexpr std::chrono::milliseconds BetweenRequests(100);
+    for (TTime Now = std::chrono::steady_clock::now(); Now < End; Now = std::chrono::steady_clock::now()) {
+      if (IsCancelDone(Now)) Cancel_ = Talk_.Cancel();
+      if (Talk_.Drain(std::min(End, Now + BetweenRequests))) return true;
+    }
+    return false;
   }
 
   // Whether the query has ended after a few more answers at most.
