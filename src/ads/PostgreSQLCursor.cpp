@@ -277,7 +277,14 @@ class TPostgreSQLCursor final : public TCursor {
 
   void FailAs(const PGresult* Answer) {
     constexpr std::string_view Canceled = "57014";
+    constexpr std::string_view InFailedTransaction = "25P02";
     const char* State = PQresultErrorField(Answer, PG_DIAG_SQLSTATE);
+    if (State != nullptr && State == InFailedTransaction && !HadFailed_) {
+      // What has failed before is nothing of the library's, which goes no further then.
+      IsDisturbed_ = true;
+      Failure_ = std::make_exception_ptr(EDisturbed());
+      return;
+    }
     if (State == nullptr || State != Canceled) return Fail(PostgreSQLMessage(Answer));
     Failure_ = std::make_exception_ptr(EQueryEnded(PostgreSQLMessage(Answer)));
   }
