@@ -197,7 +197,7 @@ class TPostgreSQLByODBC {
     // The driver protects the host's transaction from a failing statement by savepoints of its own, but for the first
     // statement since it began the transaction: this is that one.
     try {
-      if (InHostsTransaction_) TStatementHandle(Connection).Execute("SELECT 1");
+      Mark_ = Mark();
     } catch (const EDatabaseError&) {
       End();
       throw;
@@ -217,7 +217,7 @@ class TPostgreSQLByODBC {
   bool IsStillOpen() {
     bool Open = false;
     try {
-      Open = IsInTransaction();
+      Open = Mark() == Mark_;
     } catch (const EDatabaseError&) {
       return false;  // it has failed, and is ended as such
     }
@@ -244,6 +244,16 @@ class TPostgreSQLByODBC {
     }
   }
 
+  // Tells the transaction from every other one, and what has been begun in it from what was before.
+  std::string Mark() const {
+    TStatementHandle Statement(Connection_);
+    Statement.Execute("SELECT CAST(now() AS text) || current_setting('transaction_read_only')");
+    SQLCHAR Text[64] = {};
+    SQLLEN Bytes = 0;
+    if (Statement.Fetch()) SQLGetData(Statement.Get(), 1, SQL_C_CHAR, Text, sizeof Text, &Bytes);
+    return reinterpret_cast<const char*>(Text);
+  }
+
   // A statement that is a transaction of its own starts when that transaction does.
   bool IsInTransaction() const {
     SQLULEN Autocommit = SQL_AUTOCOMMIT_ON;
@@ -259,6 +269,7 @@ class TPostgreSQLByODBC {
 
   SQLHDBC Connection_;
   bool InHostsTransaction_;
+  std::string Mark_;
 };
 
 // SQLite wants UTF-8 always. Its driver may know nothing of wide characters, and then the driver manager translates
