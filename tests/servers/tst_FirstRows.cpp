@@ -223,30 +223,16 @@ class tst_FirstRows : public QObject {
   // Somebody else writes between the page and the rest.
   void shouldFollowWhatHasChangedMeanwhile_data() { AddEmbeddedOnes(); }
   void shouldFollowWhatHasChangedMeanwhile() {
+    if (Open()) FollowsChanges(Host_->Beside());
+  }
+
+  void shouldFollowWhatTheHostChangesInItsTransaction_data() { AddBackends(); }
+  void shouldFollowWhatTheHostChangesInItsTransaction() {
     if (!Open()) return;
-    const std::unique_ptr<TTickDialog> Dialog = TTickDialog::Create(Host_->Connection(), By("Txt"));
-    const TLines Before = Texts(Many);
-    DrivePickAs<TTickDialog>(
-        [&] { return Dialog->ShowPick(); },
-        [&](TTickDialog&) {
-          Dialog->qryList_->LetGo(ads::TDataSet::TRest::WhenWanted);
-          for (const int RecNo : {2, 4, 6}) {
-            Dialog->qryList_->SetRecNo(RecNo);
-            Dialog->dbgAvailDblClick();
-          }
-          const int Top = 4;
-          Dialog->dbgAvail->verticalScrollBar()->setValue(Top);
-          Host_->ExecuteBeside("INSERT INTO longlist (txt) VALUES ('row 0')");
-          Host_->ExecuteBeside("INSERT INTO longlist (txt) VALUES ('row 00')");
-          Host_->ExecuteBeside(QString("DELETE FROM longlist WHERE txt = '%1'").arg(QString::fromStdString(Before[3])));
-          QVERIFY(Dialog->qryList_->ReadToEnd());
-          QCOMPARE(Dialog->qryList_->KnownRows(), Many + 1);
-          QCOMPARE(Dialog->GetID(), Before[5]);
-          QCOMPARE(Dialog->qryList_->RecNo(), 7);
-          QCOMPARE(std::vector<int>(Dialog->TickedRows.begin(), Dialog->TickedRows.end()), (std::vector<int>{4, 7}));
-          QCOMPARE(Dialog->dbgAvail->verticalScrollBar()->value(), Top + 1);
-          QCOMPARE(Dialog->dbgAvail->model()->rowCount(), Many + 1);
-        });
+    QVERIFY(Host_->Database().transaction());
+    FollowsChanges(Host_->Database());
+    QVERIFY(Host_->Database().commit());
+    QCOMPARE(Host_->ValueBeside("SELECT COUNT(*) FROM longlist").toInt(), Many + 1);
   }
 
   // Both queries of a list that is read in one go see one state.
@@ -357,6 +343,33 @@ class tst_FirstRows : public QObject {
   }
 
  private:
+  void FollowsChanges(const QSqlDatabase& Writer) {
+    const std::unique_ptr<TTickDialog> Dialog = TTickDialog::Create(Host_->Connection(), By("Txt"));
+    const TLines Before = Texts(Many);
+    DrivePickAs<TTickDialog>(
+        [&] { return Dialog->ShowPick(); },
+        [&](TTickDialog&) {
+          Dialog->qryList_->LetGo(ads::TDataSet::TRest::WhenWanted);
+          for (const int RecNo : {2, 4, 6}) {
+            Dialog->qryList_->SetRecNo(RecNo);
+            Dialog->dbgAvailDblClick();
+          }
+          const int Top = 4;
+          Dialog->dbgAvail->verticalScrollBar()->setValue(Top);
+          TBackend::Execute(Writer, "INSERT INTO longlist (txt) VALUES ('row 0')");
+          TBackend::Execute(Writer, "INSERT INTO longlist (txt) VALUES ('row 00')");
+          TBackend::Execute(Writer,
+                            QString("DELETE FROM longlist WHERE txt = '%1'").arg(QString::fromStdString(Before[3])));
+          QVERIFY(Dialog->qryList_->ReadToEnd());
+          QCOMPARE(Dialog->qryList_->KnownRows(), Many + 1);
+          QCOMPARE(Dialog->GetID(), Before[5]);
+          QCOMPARE(Dialog->qryList_->RecNo(), 7);
+          QCOMPARE(std::vector<int>(Dialog->TickedRows.begin(), Dialog->TickedRows.end()), (std::vector<int>{4, 7}));
+          QCOMPARE(Dialog->dbgAvail->verticalScrollBar()->value(), Top + 1);
+          QCOMPARE(Dialog->dbgAvail->model()->rowCount(), Many + 1);
+        });
+  }
+
   void LeftNothing() {
     if (Host_->Kind() == TBackendKind::SQLite) {
       const QVariant Driver = Host_->Database().driver()->handle();
