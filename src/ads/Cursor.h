@@ -43,6 +43,9 @@ class ZULADS_EXPORT TCursor {
   /// closed it; when it has, the cursor can only be destroyed.
   virtual bool IsConnected() const = 0;
 
+  /// Throws what is wrong with a statement that will be begun later, where that can be known without running it.
+  virtual void Check(const std::string&) {}
+
   /// Begins a statement, in the server's SQL. One that was begun before is ended, but both see one state of the data
   /// where the server can do that. Throws `EDatabaseError`.
   virtual void Begin(const std::string& Sql) = 0;

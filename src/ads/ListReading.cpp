@@ -95,6 +95,7 @@ void TListReading::Begin(const std::string& Sql) {
     Cursor_ = Connection_.NewCursor();
     Cursor_->MindsChanges = IsShownEarly_;
     if (IsShownEarly_) Cursor_->OnMakeWay = [this] { Pause(); };
+    Cursor_->Check(Statements_.Whole);
   }
   Sources_.clear();
   Cursor_->Begin(Sql);

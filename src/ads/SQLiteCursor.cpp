@@ -80,11 +80,18 @@ class TSQLiteCursor final : public TCursor {
   ~TSQLiteCursor() override {
     StopReading();
     sqlite3_finalize(Before_);
+    sqlite3_finalize(Prepared_);
     sqlite3_finalize(Statement_);
     if (!IsConnected() && IsRegistered(Handle_)) sqlite3_close(Handle_);
   }
   TSQLiteCursor(const TSQLiteCursor&) = delete;
   TSQLiteCursor& operator=(const TSQLiteCursor&) = delete;
+
+  void Check(const std::string& Sql) override {
+    sqlite3_finalize(std::exchange(Prepared_, nullptr));
+    Prepared_ = Prepare(Sql);
+    PreparedSql_ = Sql;
+  }
 
   // What was begun before ends behind the first step of this one only: SQLite keeps its state of the data for as long
   // as any statement is being read.
@@ -92,11 +99,8 @@ class TSQLiteCursor final : public TCursor {
     StopReading();
     sqlite3_finalize(Before_);
     Before_ = std::exchange(Statement_, nullptr);
-    const char* Tail = nullptr;
-    const int Result = sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Statement_, &Tail);
-    if (Result != SQLITE_OK) Fail(Handle_);
-    if (Statement_ == nullptr || Tail != Sql.data() + Sql.size()) Refuse("The query is not one single statement.");
-    if (sqlite3_stmt_readonly(Statement_) == 0) Refuse("The query does not only read.");
+    const bool IsPrepared = Prepared_ != nullptr && Sql == PreparedSql_;
+    Statement_ = IsPrepared ? std::exchange(Prepared_, nullptr) : Prepare(Sql);
     Changes_ = sqlite3_total_changes64(Handle_);
   }
 
@@ -161,10 +165,19 @@ class TSQLiteCursor final : public TCursor {
   }
 
  private:
-  [[noreturn]] void Refuse(const char* Why) {
-    sqlite3_finalize(Statement_);
-    Statement_ = nullptr;
-    throw EDatabaseError(Why);
+  sqlite3_stmt* Prepare(const std::string& Sql) {
+    sqlite3_stmt* Result = nullptr;
+    const char* Tail = nullptr;
+    if (sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Result, &Tail) != SQLITE_OK) Fail(Handle_);
+    const char* Wrong = nullptr;
+    if (Result == nullptr || Tail != Sql.data() + Sql.size()) {
+      Wrong = "The query is not one single statement.";
+    } else if (sqlite3_stmt_readonly(Result) == 0) {
+      Wrong = "The query does not only read.";
+    }
+    if (Wrong == nullptr) return Result;
+    sqlite3_finalize(Result);
+    throw EDatabaseError(Wrong);
   }
 
   // Whether there is more to be done at once.
@@ -238,7 +251,9 @@ class TSQLiteCursor final : public TCursor {
   QSqlDatabase Database_;
   sqlite3* Handle_;
   sqlite3_stmt* Statement_ = nullptr;
-  sqlite3_stmt* Before_ = nullptr;  // the one before, which is ended later
+  sqlite3_stmt* Before_ = nullptr;    // the one before, which is ended later
+  sqlite3_stmt* Prepared_ = nullptr;  // one that may be begun later, and its text
+  std::string PreparedSql_;
   std::unique_ptr<TFiber> Fiber_;
   TTime Until_ = Forever;
   const TTakeRow* Take_ = nullptr;

@@ -210,6 +210,7 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) {
     DataSet->SetConnection(Connection);
     DataSet->OnProgress = toolkit::ServeEvents;
+    DataSet->HoldOthers = qryList_->HoldOthers;
   }
   if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) Call->OnGiveUp = [this] { StopQuery(); };
   LoadCaptions();
@@ -237,7 +238,9 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
 void TDocPickBase::EndBuild() {
   IsBuilt_ = true;
   for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) {
-    if (DataSet != qryList_) DataSet->OnProgress = nullptr;
+    if (DataSet == qryList_) continue;
+    DataSet->OnProgress = nullptr;
+    DataSet->HoldOthers = nullptr;
   }
 }
 
@@ -347,7 +350,7 @@ TDocPickBase::TConstruction::~TConstruction() {
 void TDocPickBase::TConstruction::Run(TDocPickBase& Dialog, ads::TAdsConnection* Connection) const {
   try {
     Dialog.Build(Connection);
-    Dialog.AfterCreate();
+    if (!Dialog.IsGivenUp_) Dialog.AfterCreate();
   } catch (...) {
     if (!Dialog.IsGivenUp_) throw;
   }
