@@ -1,16 +1,14 @@
 #include "PickBench.h"
 
+#include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <algorithm>
 #include <chrono>
-#include <vector>
 
 #include "sample/SampleCompany.h"
 
@@ -159,38 +157,6 @@ TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Colum
   Run.Seconds = SecondsSince(Start);
   sqlite3_close(Handle);
   return Run;
-}
-
-void OpenAgainstPlain(benchmark::State& State, TBenchDatabase& Database, const std::string& PlainSql, int Columns,
-                      const TCreate& Create) {
-  std::vector<double> Plain;
-  std::vector<double> Picks;
-  TPlainRun Run;
-  std::size_t Snapshot = 0;
-  RunPlainly(Database, PlainSql, Columns);  // both find the file in the page cache
-  for ([[maybe_unused]] auto _ : State) {
-    Run = RunPlainly(Database, PlainSql, Columns);
-    Plain.push_back(Run.Seconds);
-    const TClock::time_point Start = TClock::now();
-    const auto Dialog = Create();
-    Dialog->show();
-    QCoreApplication::processEvents();
-    Picks.push_back(SecondsSince(Start));
-    State.SetIterationTime(Picks.back());
-    Snapshot = Dialog->qryList_->SnapshotBytes();
-    if (Dialog->qryList_->RecordCount() != Run.Rows)
-      State.SkipWithError("The pick lists other rows than the plain loop.");
-  }
-  std::sort(Plain.begin(), Plain.end());
-  std::sort(Picks.begin(), Picks.end());
-  const double PlainMedian = Plain[Plain.size() / 2];
-  const double PickMedian = Picks[Picks.size() / 2];
-  State.counters["rows"] = static_cast<double>(Run.Rows);
-  State.counters["plain_ms"] = PlainMedian * 1000;
-  State.counters["pick_ms"] = PickMedian * 1000;
-  State.counters["ratio"] = PickMedian / PlainMedian;
-  State.counters["snapshot_of_allowed"] =
-      static_cast<double>(Snapshot) / (1.5 * static_cast<double>(Run.Bytes) + 16.0 * static_cast<double>(Run.Rows));
 }
 
 }  // namespace bench

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-
-#include <functional>
+#include <cstdint>
 #include <memory>
 #include <string>
 
-#include "pickbase/uDocPickBase.h"
+#include "ads/Connection.h"
 
 namespace bench {
 
@@ -45,12 +43,5 @@ struct TPlainRun {
   std::int64_t Bytes = 0;
 };
 TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Columns);
-
-using TCreate = std::function<std::unique_ptr<uDocPickBase::TDocPickBase>()>;
-
-/// Opens the pick and puts its window up, painted, alternating with the plain run of the same query. Counters: seconds
-/// of each, their ratio, and the snapshot's bytes against 1.5 times the bytes shown plus 16 a row.
-void OpenAgainstPlain(benchmark::State& State, TBenchDatabase& Database, const std::string& PlainSql, int Columns,
-                      const TCreate& Create);
 
 }  // namespace bench

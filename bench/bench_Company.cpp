@@ -1,7 +1,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 
-#include "PickBench.h"
+#include "ListBench.h"
 #include "picks/accounts/uPickEftBatch.h"
 #include "picks/orders/uPickMultiOEDocs.h"
 #include "picks/orders/uPickOEDoc.h"
@@ -38,45 +38,25 @@ std::unique_ptr<TDialog> Reordered(std::unique_ptr<TDialog> Dialog, int OrderBy)
   return Dialog;
 }
 
-// One requery of an open dialog against the plain run, in milliseconds and as their ratio.
-void RequeryAgainstPlain(benchmark::State& State, uDocPickBase::TDocPickBase& Dialog, const std::string& Sql,
-                         int Columns) {
-  Dialog.show();
-  bench::TPlainRun Plain = bench::RunPlainly(Company(), Sql, Columns);
-  double PlainSeconds = 0;
-  double PickSeconds = 0;
-  for ([[maybe_unused]] auto _ : State) {
-    Plain = bench::RunPlainly(Company(), Sql, Columns);
-    PlainSeconds += Plain.Seconds;
-    const auto Start = std::chrono::steady_clock::now();
-    Dialog.CallSetSQL();
-    Dialog.dbgAvail->viewport()->repaint();
-    const double Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - Start).count();
-    PickSeconds += Seconds;
-    State.SetIterationTime(Seconds);
-    if (Dialog.qryList_->RecordCount() != Plain.Rows)
-      State.SkipWithError("The pick lists other rows than the plain loop.");
-  }
-  State.counters["rows"] = static_cast<double>(Plain.Rows);
-  State.counters["plain_ms"] = PlainSeconds * 1000 / static_cast<double>(State.iterations());
-  State.counters["ratio"] = PickSeconds / PlainSeconds;
+bench::TRunPlainly Plainly(const std::string& Sql, int Columns) {
+  return [Sql, Columns] { return bench::RunPlainly(Company(), Sql, Columns); };
 }
 
 void OpenCustomersByCompany(benchmark::State& State) {
-  bench::OpenAgainstPlain(State, Company(), CustomerSql("C.Company"), 6, Customers);
+  bench::MeasureList(State, Plainly(CustomerSql("C.Company"), 6), Customers);
 }
 BENCHMARK(OpenCustomersByCompany)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 void CustomersByAddress(benchmark::State& State) {
   const auto Dialog = Reordered(Customers(), 3);
-  RequeryAgainstPlain(State, *Dialog, CustomerSql(Address), 6);
+  bench::MeasureRequery(State, Plainly(CustomerSql(Address), 6), *Dialog);
 }
 BENCHMARK(CustomersByAddress)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 void CustomersWithAFindText(benchmark::State& State) {
   const auto Dialog = Customers();
   Dialog->edFind->setText("smith");
-  RequeryAgainstPlain(State, *Dialog, CustomerSql("C.Company", "AND UPPER(C.Company) LIKE '%SMITH%'"), 6);
+  bench::MeasureRequery(State, Plainly(CustomerSql("C.Company", "AND UPPER(C.Company) LIKE '%SMITH%'"), 6), *Dialog);
 }
 BENCHMARK(CustomersWithAFindText)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
@@ -89,12 +69,12 @@ zulcommon::TDocTypes AllTypes() {
 const std::vector<std::string> DocumentSorts{"UPPER(C.Company)", "UPPER(O.Type)",   "UPPER(O.JobNo)",
                                              "UPPER(J.[Desc])",  "UPPER(O.Number)", "O.[Date]"};
 
-void DocumentsInEveryOrder(benchmark::State& State) {
-  const auto OrderBy = static_cast<std::size_t>(State.range(0));
-  const auto Dialog =
-      Reordered(TfrmPickOEDoc::Create(Company().Connection(), "", AllTypes(), {}, {}), static_cast<int>(OrderBy));
-  RequeryAgainstPlain(
-      State, *Dialog,
+std::unique_ptr<TfrmPickOEDoc> Documents() {
+  return TfrmPickOEDoc::Create(Company().Connection(), "", AllTypes(), {}, {});
+}
+
+bench::TRunPlainly DocumentsPlainly(std::size_t OrderBy) {
+  return Plainly(
       "SELECT O.Type, O.ID, C.Company, O.JobNo, J.[Desc], O.Number, O.SubTotal + O.FedTax Total, O.[Date], "
       "O.Posted, " +
           DocumentSorts[OrderBy] +
@@ -103,7 +83,19 @@ void DocumentsInEveryOrder(benchmark::State& State) {
           zulcommon::GetDocTypeList(AllTypes()) + ") ORDER BY SortFld",
       9);
 }
-BENCHMARK(DocumentsInEveryOrder)->DenseRange(0, 5)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
+
+void OpenDocuments(benchmark::State& State) {
+  constexpr std::size_t OwnOrder = 4;
+  bench::MeasureList(State, DocumentsPlainly(OwnOrder), Documents);
+}
+BENCHMARK(OpenDocuments)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void DocumentsInEveryOrder(benchmark::State& State) {
+  const auto OrderBy = static_cast<std::size_t>(State.range(0));
+  const auto Dialog = Reordered(Documents(), static_cast<int>(OrderBy));
+  bench::MeasureRequery(State, DocumentsPlainly(OrderBy), *Dialog);
+}
+BENCHMARK(DocumentsInEveryOrder)->DenseRange(0, 5)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void TickAllInvoicesAndCollect(benchmark::State& State) {
   const auto Dialog =
@@ -123,17 +115,19 @@ std::unique_ptr<uDocPickBase::TDocPickBase> PurchaseOrders() {
 }
 
 void OpenPurchaseOrders(benchmark::State& State) {
-  bench::OpenAgainstPlain(State, Company(),
-                          "SELECT I.Number, I.[Date], V.Company VendCompany, I.PONumber, I.POType, C.Company "
-                          "CustCompany, I.Type, I.Posted, "
-                          "I.Closed, I.POReceipt, I.Canceled, I.APDocket, I.Cost, I.FedTax, O.JobNo, UPPER(I.Number) "
-                          "SortFld FROM (IP I INNER JOIN "
-                          "Vend V ON (I.ID = V.ID)) LEFT OUTER JOIN Cust C ON C.ID = I.CustID LEFT OUTER JOIN OE O ON "
-                          "I.PONumber = O.Number AND "
-                          "I.POType = O.Type WHERE 0=0 ORDER BY SortFld",
-                          15, PurchaseOrders);
+  bench::MeasureList(
+      State,
+      Plainly("SELECT I.Number, I.[Date], V.Company VendCompany, I.PONumber, I.POType, C.Company "
+              "CustCompany, I.Type, I.Posted, "
+              "I.Closed, I.POReceipt, I.Canceled, I.APDocket, I.Cost, I.FedTax, O.JobNo, UPPER(I.Number) "
+              "SortFld FROM (IP I INNER JOIN "
+              "Vend V ON (I.ID = V.ID)) LEFT OUTER JOIN Cust C ON C.ID = I.CustID LEFT OUTER JOIN OE O ON "
+              "I.PONumber = O.Number AND "
+              "I.POType = O.Type WHERE 0=0 ORDER BY SortFld",
+              15),
+      PurchaseOrders);
 }
-BENCHMARK(OpenPurchaseOrders)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenPurchaseOrders)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 // A page further, its icon column painted.
 void PageThroughPurchaseOrders(benchmark::State& State) {
@@ -147,23 +141,25 @@ void PageThroughPurchaseOrders(benchmark::State& State) {
 BENCHMARK(PageThroughPurchaseOrders)->Unit(benchmark::kMillisecond);
 
 void OpenAMillionStockRows(benchmark::State& State) {
-  bench::OpenAgainstPlain(
-      State, Company(),
-      "SELECT I.Item, D.OnHand, L.FullName, I.\"desc\", I.SupplyLot, I.LocalRefNo, D.BinLocation, D.ItemLoc, "
-      "UPPER(I.\"Desc\") SORTFLD FROM Item I, ItemLocations L, ItemDet D WHERE I.Item = D.Item AND "
-      "D.ItemLoc = L.ID AND I.ParentItem = 'BENCH' AND D.OnHand > 0 ORDER BY SortFld",
-      8, [] { return uPickItemAndLocation::TfrmPickItemAndLocation::Create("BENCH", Company().Connection()); });
+  bench::MeasureList(
+      State,
+      Plainly("SELECT I.Item, D.OnHand, L.FullName, I.\"desc\", I.SupplyLot, I.LocalRefNo, D.BinLocation, D.ItemLoc, "
+              "UPPER(I.\"Desc\") SORTFLD FROM Item I, ItemLocations L, ItemDet D WHERE I.Item = D.Item AND "
+              "D.ItemLoc = L.ID AND I.ParentItem = 'BENCH' AND D.OnHand > 0 ORDER BY SortFld",
+              8),
+      [] { return uPickItemAndLocation::TfrmPickItemAndLocation::Create("BENCH", Company().Connection()); });
 }
-BENCHMARK(OpenAMillionStockRows)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenAMillionStockRows)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 void SumAMillionPayments(benchmark::State& State) {
-  bench::OpenAgainstPlain(
-      State, Company(),
-      "SELECT e.Batch, p.[Desc], e.Posted, SUM(e.Amount) Total, e.Processed, UPPER(p.[Desc]) SortFld FROM "
-      "EFTDetails e INNER JOIN PstdGLBatch p ON e.Batch = p.Batch WHERE 0=0 AND e.Processed = FALSE "
-      "GROUP BY e.Batch, e.Posted, e.Processed, p.[Desc] ORDER BY SortFld",
-      5, [] { return uPickEftBatch::TfrmPickEFTBatch::Create(Company().Connection()); });
+  bench::MeasureList(
+      State,
+      Plainly("SELECT e.Batch, p.[Desc], e.Posted, SUM(e.Amount) Total, e.Processed, UPPER(p.[Desc]) SortFld FROM "
+              "EFTDetails e INNER JOIN PstdGLBatch p ON e.Batch = p.Batch WHERE 0=0 AND e.Processed = FALSE "
+              "GROUP BY e.Batch, e.Posted, e.Processed, p.[Desc] ORDER BY SortFld",
+              5),
+      [] { return uPickEftBatch::TfrmPickEFTBatch::Create(Company().Connection()); });
 }
-BENCHMARK(SumAMillionPayments)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(SumAMillionPayments)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 }  // namespace

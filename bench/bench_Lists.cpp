@@ -1,3 +1,5 @@
+#include <benchmark/benchmark.h>
+
 #include <QApplication>
 #include <QScrollBar>
 
@@ -14,6 +16,7 @@ using uPickMultiUsers::TfrmPickMultiUsers;
 void ScrollAMillionJobs(benchmark::State& State) {
   const auto Dialog = TfrmPickJob::Create(bench::Lookups().Connection());
   Dialog->show();
+  Dialog->qryList_->RecordCount();
   QScrollBar* Bar = Dialog->dbgAvail->verticalScrollBar();
   unsigned Place = 1;
   for ([[maybe_unused]] auto _ : State) {

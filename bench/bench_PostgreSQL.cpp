@@ -3,14 +3,16 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QSqlError>
-#include <algorithm>
 #include <chrono>
 
-#include "PickBench.h"
+#include "ListBench.h"
 #include "ads/ThrowawayPostgreSQL.h"
+#include "apps/catalog/OpenDatabase.h"
 #include "picks/orders/uPickOEDoc.h"
 #include "picks/parties/uPickCustomer.h"
+#include "picks/purchasing/uPickAnyPO.h"
+#include "picks/reference/uPickJob.h"
+#include "picks/stock/uPickItemAndLocation.h"
 #include "sample/SampleCompany.h"
 
 // The pick lists of a big company on a PostgreSQL server of their own, each against libpq reading the same result.
@@ -25,39 +27,81 @@ double SecondsSince(TClock::time_point Start) {
   return std::chrono::duration<double>(TClock::now() - Start).count();
 }
 
-/// The server with the sample company at its scale of a thousand, made at its first use; that takes some minutes. The
-/// environment variable ZUL_BENCH_SCALE asks for a smaller company.
+void Execute(PGconn* Handle, const std::string& Sql) {
+  PGresult* Result = PQexec(Handle, Sql.c_str());
+  if (PQresultStatus(Result) != PGRES_COMMAND_OK) qFatal("%s", PQresultErrorMessage(Result));
+  PQclear(Result);
+}
+
+// What the company has less than a thousand of for each step of its scale, and one parent item with so much stock.
+void TopUp(PGconn* Handle, int Scale) {
+  const std::string Most = std::to_string(1000 * static_cast<std::int64_t>(Scale));
+  Execute(Handle,
+          "INSERT INTO IP SELECT 'X' || lpad(row_number() OVER ()::text, 9, '0'), \"date\", ID, CustID, PONumber, "
+          "POType, Type, Posted, Closed, POReceipt, Canceled, APDocket, RMA, Cost, FedTax FROM IP LIMIT greatest(0, " +
+              Most + " - (SELECT COUNT(*) FROM IP))");
+  Execute(Handle,
+          "INSERT INTO Jobs SELECT 'Z' || lpad(to_hex(N), 5, '0'), 'Refit ' || N * 7919 % 1000003 FROM "
+          "generate_series(1, " +
+              Most + " - (SELECT COUNT(*) FROM Jobs)) N");
+  Execute(Handle,
+          "INSERT INTO Item SELECT 'BENCH-' || N, 'Panel ' || N * 7919 % 250007, N % 7, 'BENCH', 'LOT' || N % 91, "
+          "'REF' || N % 997 FROM generate_series(1, " +
+              Most + " / 4) N");
+  Execute(Handle,
+          "INSERT INTO ItemDet SELECT I.Item, L.ID, 1 + (I.Type + L.ID) % 50, 'BIN' || I.Type FROM Item I, "
+          "(SELECT ID FROM ItemLocations ORDER BY ID LIMIT 4) L WHERE I.ParentItem = 'BENCH'");
+  Execute(Handle, "ANALYZE");
+}
+
+/// The server with the sample company at its scale of a thousand. It is a server of the benchmark's own, for which the
+/// company is made anew each time, which takes some minutes; or the database at the address in the environment variable
+/// ZUL_BENCH_SERVER, where the company is kept. ZUL_BENCH_SCALE asks for a smaller company.
 class TServer {
  public:
   TServer() {
-    if (!Server_.IsRunning()) return;
-    sample::TOptions Options;
-    bool Asked = false;
-    const int Scale = qEnvironmentVariableIntValue("ZUL_BENCH_SCALE", &Asked);
-    Options.Scale = Asked ? Scale : 1000;
-    sample::CreateCompanyOnServer(Server_.Address(QStringLiteral("postgres")), Options);
-    const QSqlDatabase Database = Server_.Connect(QStringLiteral("bench PostgreSQL"));
-    if (!Database.isOpen()) qFatal("%s", qPrintable(Database.lastError().text()));
-    Connection_ = std::make_unique<ads::TAdsConnection>(Database);
-    Plain_ = PQconnectdb(Server_.Address(QStringLiteral("postgres")).c_str());
+    std::string Address = qEnvironmentVariable("ZUL_BENCH_SERVER").toStdString();
+    if (Address.empty()) {
+      Own_ = std::make_unique<TThrowawayPostgreSQL>();
+      Missing_ = Own_->Reason();
+      if (!Own_->IsRunning()) return;
+      Address = Own_->Address(QStringLiteral("postgres"));
+    }
+    Plain_ = PQconnectdb(Address.c_str());
+    if (PQstatus(Plain_) != CONNECTION_OK) qFatal("%s", PQerrorMessage(Plain_));
+    if (!HasCompany()) MakeCompany(Address);
+    Database_ = std::make_unique<catalog::TDatabase>(Address);
   }
-  ~TServer() {
-    if (!Connection_) return;
-    PQfinish(Plain_);
-    Connection_.reset();
-    QSqlDatabase::removeDatabase(QStringLiteral("bench PostgreSQL"));
-  }
+  ~TServer() { PQfinish(Plain_); }
   TServer(const TServer&) = delete;
   TServer& operator=(const TServer&) = delete;
 
-  const QString& Missing() const { return Server_.Reason(); }
-  ads::TAdsConnection* Connection() { return Connection_.get(); }
+  const QString& Missing() const { return Missing_; }
+  ads::TAdsConnection* Connection() { return Database_->Connection(); }
   PGconn* Plain() { return Plain_; }
 
  private:
-  TThrowawayPostgreSQL Server_;
-  std::unique_ptr<ads::TAdsConnection> Connection_;
+  bool HasCompany() {
+    PGresult* Result = PQexec(Plain_, "SELECT 1 FROM Item WHERE ParentItem = 'BENCH' LIMIT 1");
+    const bool IsThere = PQntuples(Result) > 0;
+    PQclear(Result);
+    return IsThere;
+  }
+
+  void MakeCompany(const std::string& Address) {
+    bool Asked = false;
+    const int Scale = qEnvironmentVariableIntValue("ZUL_BENCH_SCALE", &Asked);
+    sample::TOptions Options;
+    Options.Scale = Asked ? Scale : 1000;
+    Options.Overwrite = true;
+    sample::CreateCompanyOnServer(Address, Options);
+    TopUp(Plain_, static_cast<int>(Options.Scale));
+  }
+
+  std::unique_ptr<TThrowawayPostgreSQL> Own_;
+  QString Missing_;
   PGconn* Plain_ = nullptr;
+  std::unique_ptr<catalog::TDatabase> Database_;
 };
 
 // Goes with the application, because a process of Qt's does not outlive it.
@@ -106,18 +150,8 @@ void ForgetPeak() {
   if (File.open(QIODevice::WriteOnly)) File.write("5");
 }
 
-struct TMedian {
-  std::vector<double> Values;
-
-  double operator()() {
-    std::sort(Values.begin(), Values.end());
-    return Values[Values.size() / 2];
-  }
-};
-
-// Opens the pick and paints it, alternating with the plain run of the query that it sends. `over_snapshot_mb` is the
-// memory that opening takes at its most beyond the list that it keeps.
-void OpenAgainstLibpq(benchmark::State& State, const bench::TCreate& Create, int Columns) {
+// `over_snapshot_mb` is the memory that reading the list takes at its most beyond the list that is kept.
+void MeasureOnServer(benchmark::State& State, const bench::TCreate& Create, int Columns) {
   if (!Server().Missing().isEmpty()) {
     State.SkipWithError(qPrintable(Server().Missing()));
     return;
@@ -125,44 +159,46 @@ void OpenAgainstLibpq(benchmark::State& State, const bench::TCreate& Create, int
   ForgetPeak();
   const double Before = StatusBytes("VmRSS");
   auto Dialog = Create();
+  Dialog->qryList_->RecordCount();
   const auto Snapshot = static_cast<double>(Dialog->qryList_->SnapshotBytes());
   const double Over = StatusBytes("VmHWM") - Before - Snapshot;
   const std::string Sql = Server().Connection()->Dialect().Rewrite(Dialog->qryList_->SQL()->Text());
   Dialog.reset();
-  TMedian Plain, Pick;
-  bench::TPlainRun Run = RunPlainly(Sql, Columns);
-  for ([[maybe_unused]] auto _ : State) {
-    Run = RunPlainly(Sql, Columns);
-    Plain.Values.push_back(Run.Seconds);
-    const TClock::time_point Start = TClock::now();
-    Dialog = Create();
-    Dialog->show();
-    QCoreApplication::processEvents();
-    Pick.Values.push_back(SecondsSince(Start));
-    State.SetIterationTime(Pick.Values.back());
-    if (Dialog->qryList_->RecordCount() != Run.Rows) State.SkipWithError("The pick lists other rows than libpq reads.");
-    Dialog.reset();
-  }
-  State.counters["rows"] = static_cast<double>(Run.Rows);
-  State.counters["plain_ms"] = Plain() * 1000;
-  State.counters["ratio"] = Pick() / Plain();
-  State.counters["snapshot_of_allowed"] =
-      Snapshot / (1.5 * static_cast<double>(Run.Bytes) + 16.0 * static_cast<double>(Run.Rows));
+  bench::MeasureList(
+      State, [&] { return RunPlainly(Sql, Columns); }, Create);
   State.counters["over_snapshot_mb"] = Over / 1'000'000;
 }
 
 void OpenCustomersOnPostgreSQL(benchmark::State& State) {
-  OpenAgainstLibpq(
+  MeasureOnServer(
       State, [] { return TfrmPickCustomer::Create(Server().Connection(), false, "", true, false); }, 6);
 }
-BENCHMARK(OpenCustomersOnPostgreSQL)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenCustomersOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void OpenJobsOnPostgreSQL(benchmark::State& State) {
+  MeasureOnServer(
+      State, [] { return uPickJob::TfrmPickJob::Create(Server().Connection()); }, 2);
+}
+BENCHMARK(OpenJobsOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 void OpenDocumentsOnPostgreSQL(benchmark::State& State) {
   zulcommon::TDocTypes All;
   for (int Type = 0; Type < zulcommon::DocTypeCount; ++Type) All.Include(static_cast<zulcommon::TDocType>(Type));
-  OpenAgainstLibpq(
+  MeasureOnServer(
       State, [&All] { return TfrmPickOEDoc::Create(Server().Connection(), "", All, {}, {}); }, 9);
 }
-BENCHMARK(OpenDocumentsOnPostgreSQL)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenDocumentsOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void OpenPurchaseOrdersOnPostgreSQL(benchmark::State& State) {
+  MeasureOnServer(
+      State, [] { return uPickAnyPO::TfrmPickPO::Create(Server().Connection(), {}, {}, ""); }, 15);
+}
+BENCHMARK(OpenPurchaseOrdersOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void OpenStockOnPostgreSQL(benchmark::State& State) {
+  MeasureOnServer(
+      State, [] { return uPickItemAndLocation::TfrmPickItemAndLocation::Create("BENCH", Server().Connection()); }, 8);
+}
+BENCHMARK(OpenStockOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 }  // namespace

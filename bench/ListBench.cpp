@@ -1,0 +1,223 @@
+#include "ListBench.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "pickbase/PickCall.h"
+
+namespace bench {
+
+namespace {
+
+using TClock = std::chrono::steady_clock;
+using uDocPickBase::TDocPickBase;
+
+double SecondsSince(TClock::time_point Start) {
+  return std::chrono::duration<double>(TClock::now() - Start).count();
+}
+
+double Median(std::vector<double> Values) {
+  std::sort(Values.begin(), Values.end());
+  return Values.empty() ? 0 : Values[Values.size() / 2];
+}
+
+// How long the event dispatcher is left alone while this lives, from one time that it is awake to the next.
+class TSilence {
+ public:
+  TSilence()
+      : Connection_(QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                                     [this] { Note(); })) {}
+  ~TSilence() { QObject::disconnect(Connection_); }
+  TSilence(const TSilence&) = delete;
+  TSilence& operator=(const TSilence&) = delete;
+
+  double Longest() {
+    Note();
+    return Longest_;
+  }
+
+ private:
+  void Note() {
+    Longest_ = std::max(Longest_, SecondsSince(Last_));
+    Last_ = TClock::now();
+  }
+
+  TClock::time_point Last_ = TClock::now();
+  double Longest_ = 0;
+  QMetaObject::Connection Connection_;
+};
+
+// What opening a list took, in seconds.
+struct TOpening {
+  double FirstPage = 0;
+  double Whole = 0;
+  double Silence = 0;
+  int Rows = 0;
+  std::size_t Snapshot = 0;
+};
+
+// Looks on until the first rows of a dialog are painted and all rows are there, and closes it then.
+class TViewer : public QObject {
+ public:
+  TViewer(TDocPickBase& Dialog, TClock::time_point Start, TOpening& Opening)
+      : Dialog_(Dialog), Start_(Start), Opening_(Opening) {
+    Dialog.dbgAvail->viewport()->installEventFilter(this);
+    connect(Dialog.qryList_, &ads::TDataSet::Grown, this, &TViewer::Look, Qt::QueuedConnection);
+    connect(Dialog.qryList_, &ads::TDataSet::Replaced, this, &TViewer::Look, Qt::QueuedConnection);
+    Dialog.qryList_->OnRestFailed = [](const std::string& Message) { qFatal("%s", Message.c_str()); };
+  }
+
+  // Looks again once the event has done its work.
+  bool eventFilter(QObject*, QEvent* Event) override {
+    if (Event->type() == QEvent::Paint && !IsPainted_ && Dialog_.qryList_->KnownRows() > 0) {
+      IsPainted_ = true;
+      QMetaObject::invokeMethod(this, &TViewer::Look, Qt::QueuedConnection);
+    }
+    return false;
+  }
+
+ private:
+  void Look() {
+    if (IsPainted_ && Opening_.FirstPage == 0) Opening_.FirstPage = SecondsSince(Start_);
+    if (!IsPainted_ || !Dialog_.qryList_->IsComplete()) return;
+    Opening_.Whole = SecondsSince(Start_);
+    Dialog_.reject();
+  }
+
+  TDocPickBase& Dialog_;
+  TClock::time_point Start_;
+  TOpening& Opening_;
+  bool IsPainted_ = false;
+};
+
+// As an exported function does it, but for the key.
+TOpening Open(const TCreate& Create) {
+  TOpening Opening;
+  const pickbase::TPickCall Call;
+  TSilence Silence;
+  const TClock::time_point Start = TClock::now();
+  const auto Dialog = Create();
+  const TViewer Viewer(*Dialog, Start, Opening);
+  Dialog->ShowPick();
+  Opening.Silence = Silence.Longest();
+  Opening.Rows = Dialog->qryList_->KnownRows();
+  Opening.Snapshot = Dialog->qryList_->SnapshotBytes();
+  return Opening;
+}
+
+double Ask(const TCreate& Create) {
+  const TClock::time_point Start = TClock::now();
+  benchmark::DoNotOptimize(Create()->qryList_->RecordCount());
+  return SecondsSince(Start);
+}
+
+// A user who presses Esc in a dialog after so many seconds.
+class TEscape {
+ public:
+  TEscape(TDocPickBase& Dialog, double Delay)
+      : Presser_([this, &Dialog, Delay] {
+          std::this_thread::sleep_for(std::chrono::duration<double>(Delay));
+          Pressed_ = TClock::now();
+          QCoreApplication::postEvent(&Dialog, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+        }) {}
+
+  /// The seconds since the key was pressed; 0 when that is still to come.
+  double Since() {
+    const TClock::time_point Now = TClock::now();
+    Presser_.join();
+    return std::max(0.0, std::chrono::duration<double>(Now - Pressed_).count());
+  }
+
+ private:
+  TClock::time_point Pressed_;
+  std::thread Presser_;
+};
+
+// 0 when the requery was over before the key was pressed.
+double Stop(const TCreate& Create, double Delay) {
+  const auto Dialog = Create();
+  Dialog->show();
+  Dialog->qryList_->RecordCount();
+  bool IsStopped = true;
+  QObject::connect(Dialog->qryList_, &ads::TDataSet::Opened, [&IsStopped] { IsStopped = false; });
+  TEscape Escape(*Dialog, Delay);
+  Dialog->CallSetSQL();
+  const double Seconds = Escape.Since();
+  QCoreApplication::removePostedEvents(Dialog.get());
+  return IsStopped ? Seconds : 0;
+}
+
+double Leave(const TCreate& Create, double Delay) {
+  const pickbase::TPickCall Call;
+  const auto Dialog = Create();
+  TEscape Escape(*Dialog, Delay);
+  Dialog->ShowPick();
+  const double Seconds = Escape.Since();
+  return Dialog->qryList_->IsComplete() ? 0 : Seconds;
+}
+
+}  // namespace
+
+void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const TCreate& Create) {
+  constexpr int OnePage = 1000;
+  std::vector<double> Plain, First, Whole, Asked, Stops, Leaves;
+  TPlainRun Run = RunPlainly();  // both find the data in the cache
+  TOpening Opening;
+  double Silence = 0;
+  for ([[maybe_unused]] auto _ : State) {
+    Run = RunPlainly();
+    Plain.push_back(Run.Seconds);
+    Opening = Open(Create);
+    First.push_back(Opening.FirstPage);
+    Whole.push_back(Opening.Whole);
+    Silence = std::max(Silence, Opening.Silence);
+    Asked.push_back(Ask(Create));
+    State.SetIterationTime(Opening.Whole);
+    if (Opening.Rows != Run.Rows) State.SkipWithError("The pick lists other rows than the plain run.");
+    if (Opening.Rows <= OnePage) continue;
+    Stops.push_back(Stop(Create, Opening.FirstPage / 3));
+    Leaves.push_back(Leave(Create, (Opening.FirstPage + Opening.Whole) / 2));
+  }
+  const auto Ratio = [&Plain](const std::vector<double>& Values) { return Median(Values) / Median(Plain); };
+  State.counters["rows"] = static_cast<double>(Run.Rows);
+  State.counters["plain_ms"] = Median(Plain) * 1000;
+  State.counters["first_page_ms"] = Median(First) * 1000;
+  State.counters["first_page_ratio"] = Ratio(First);
+  State.counters["whole_ratio"] = Ratio(Whole);
+  State.counters["asked_ratio"] = Ratio(Asked);
+  State.counters["silence_ms"] = Silence * 1000;
+  if (!Stops.empty()) State.counters["stop_ms"] = Median(Stops) * 1000;
+  if (!Leaves.empty()) State.counters["leave_ms"] = Median(Leaves) * 1000;
+  State.counters["snapshot_of_allowed"] = static_cast<double>(Opening.Snapshot) /
+                                          (1.5 * static_cast<double>(Run.Bytes) + 16.0 * static_cast<double>(Run.Rows));
+}
+
+void MeasureRequery(benchmark::State& State, const TRunPlainly& RunPlainly, TDocPickBase& Dialog) {
+  std::vector<double> Plain, First, Asked;
+  Dialog.show();
+  TPlainRun Run = RunPlainly();
+  for ([[maybe_unused]] auto _ : State) {
+    Run = RunPlainly();
+    Plain.push_back(Run.Seconds);
+    const TClock::time_point Start = TClock::now();
+    Dialog.CallSetSQL();
+    Dialog.dbgAvail->viewport()->repaint();
+    First.push_back(SecondsSince(Start));
+    const int Rows = Dialog.qryList_->RecordCount();
+    Asked.push_back(SecondsSince(Start));
+    State.SetIterationTime(Asked.back());
+    if (Rows != Run.Rows) State.SkipWithError("The pick lists other rows than the plain run.");
+  }
+  State.counters["rows"] = static_cast<double>(Run.Rows);
+  State.counters["plain_ms"] = Median(Plain) * 1000;
+  State.counters["first_page_ratio"] = Median(First) / Median(Plain);
+  State.counters["asked_ratio"] = Median(Asked) / Median(Plain);
+}
+
+}  // namespace bench

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <memory>
+
+#include "PickBench.h"
+#include "pickbase/uDocPickBase.h"
+
+namespace bench {
+
+using TRunPlainly = std::function<TPlainRun()>;
+using TCreate = std::function<std::unique_ptr<uDocPickBase::TDocPickBase>()>;
+
+/// Opens the pick as its user sees it, alternating with the plain run of its whole query. Counters, each the median of
+/// the iterations where nothing else is said, the ratios to the plain run:
+///
+///   first_page_ratio, first_page_ms   from the call until the first rows are painted
+///   whole_ratio                       from the call until all rows are there, read in the event loop
+///   asked_ratio                       from the call until its number of rows is told to who asks for it at once
+///   silence_ms                        the longest time that the event dispatcher was left alone, of all iterations
+///   stop_ms                           from Esc in the midst of a requery of the open dialog until that has ended
+///   leave_ms                          from Esc while the rest of the rows is still to come until the dialog has ended
+///   snapshot_of_allowed               the bytes of the list against 1.5 times those shown and 16 a row
+///
+/// The last two are not taken for a list of one page.
+void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const TCreate& Create);
+
+/// The same for a requery of a dialog that is open: `first_page_ratio` until the first rows are painted, `asked_ratio`
+/// until their number is told.
+void MeasureRequery(benchmark::State& State, const TRunPlainly& RunPlainly, uDocPickBase::TDocPickBase& Dialog);
+
+}  // namespace bench
