@@ -57,6 +57,7 @@ class TSilence {
 struct TOpening {
   double FirstPage = 0;
   double Whole = 0;
+  double Processor = 0;
   double Silence = 0;
   int Rows = 0;
   std::size_t Snapshot = 0;
@@ -101,10 +102,12 @@ TOpening Open(const TCreate& Create) {
   TOpening Opening;
   const pickbase::TPickCall Call;
   TSilence Silence;
+  const double Before = ProcessorSeconds();
   const TClock::time_point Start = TClock::now();
   const auto Dialog = Create();
   const TViewer Viewer(*Dialog, Start, Opening);
   Dialog->ShowPick();
+  Opening.Processor = ProcessorSeconds() - Before;
   Opening.Silence = Silence.Longest();
   Opening.Rows = Dialog->qryList_->KnownRows();
   Opening.Snapshot = Dialog->qryList_->SnapshotBytes();
@@ -143,7 +146,7 @@ class TEscape {
 double Stop(const TCreate& Create, double Delay) {
   const auto Dialog = Create();
   Dialog->show();
-  Dialog->qryList_->RecordCount();
+  Dialog->qryList_->GiveUpRest();
   bool IsStopped = true;
   QObject::connect(Dialog->qryList_, &ads::TDataSet::Opened, [&IsStopped] { IsStopped = false; });
   TEscape Escape(*Dialog, Delay);
@@ -166,23 +169,26 @@ double Leave(const TCreate& Create, double Delay) {
 
 void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const TCreate& Create) {
   constexpr int OnePage = 1000;
-  std::vector<double> Plain, First, Whole, Asked, Stops, Leaves;
+  std::vector<double> Plain, PlainProcessor, First, Whole, Processor, Asked;
   TPlainRun Run = RunPlainly();  // both find the data in the cache
   TOpening Opening;
   double Silence = 0;
   for ([[maybe_unused]] auto _ : State) {
     Run = RunPlainly();
     Plain.push_back(Run.Seconds);
+    PlainProcessor.push_back(Run.ProcessorSeconds);
     Opening = Open(Create);
     First.push_back(Opening.FirstPage);
     Whole.push_back(Opening.Whole);
+    Processor.push_back(Opening.Processor);
     Silence = std::max(Silence, Opening.Silence);
     Asked.push_back(Ask(Create));
     State.SetIterationTime(Opening.Whole);
     if (Opening.Rows != Run.Rows) State.SkipWithError("The pick lists other rows than the plain run.");
-    if (Opening.Rows <= OnePage) continue;
-    Stops.push_back(Stop(Create, Opening.FirstPage / 3));
-    Leaves.push_back(Leave(Create, (Opening.FirstPage + Opening.Whole) / 2));
+  }
+  if (Opening.Rows > OnePage) {
+    State.counters["stop_ms"] = Stop(Create, Opening.FirstPage / 3) * 1000;
+    State.counters["leave_ms"] = Leave(Create, (Opening.FirstPage * 2 + Opening.Whole) / 3) * 1000;
   }
   const auto Ratio = [&Plain](const std::vector<double>& Values) { return Median(Values) / Median(Plain); };
   State.counters["rows"] = static_cast<double>(Run.Rows);
@@ -192,8 +198,7 @@ void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const T
   State.counters["whole_ratio"] = Ratio(Whole);
   State.counters["asked_ratio"] = Ratio(Asked);
   State.counters["silence_ms"] = Silence * 1000;
-  if (!Stops.empty()) State.counters["stop_ms"] = Median(Stops) * 1000;
-  if (!Leaves.empty()) State.counters["leave_ms"] = Median(Leaves) * 1000;
+  if (Run.ProcessorSeconds > 0) State.counters["whole_processor_ratio"] = Median(Processor) / Median(PlainProcessor);
   State.counters["snapshot_of_allowed"] = static_cast<double>(Opening.Snapshot) /
                                           (1.5 * static_cast<double>(Run.Bytes) + 16.0 * static_cast<double>(Run.Rows));
 }

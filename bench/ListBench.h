@@ -18,13 +18,14 @@ using TCreate = std::function<std::unique_ptr<uDocPickBase::TDocPickBase>()>;
 ///
 ///   first_page_ratio, first_page_ms   from the call until the first rows are painted
 ///   whole_ratio                       from the call until all rows are there, read in the event loop
+///   whole_processor_ratio             the same by the processor's time, where the database is one of the process
 ///   asked_ratio                       from the call until its number of rows is told to who asks for it at once
 ///   silence_ms                        the longest time that the event dispatcher was left alone, of all iterations
 ///   stop_ms                           from Esc in the midst of a requery of the open dialog until that has ended
 ///   leave_ms                          from Esc while the rest of the rows is still to come until the dialog has ended
 ///   snapshot_of_allowed               the bytes of the list against 1.5 times those shown and 16 a row
 ///
-/// The last two are not taken for a list of one page.
+/// Both kinds of Esc are pressed once only, and not in a list of one page.
 void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const TCreate& Create);
 
 /// The same for a requery of a dialog that is open: `first_page_ratio` until the first rows are painted, `asked_ratio`

@@ -36,12 +36,15 @@ TBenchDatabase& Lookups();
 TBenchDatabase& Company();
 
 /// What a plain C program does with a query: prepare, step to the end, read the first `Columns` columns of each row.
-/// Returns the seconds that it took, and the bytes of the values it read.
+/// Returns the seconds that it took, those of the processor (0 where a server has a part in it), and the bytes of the
+/// values it read.
 struct TPlainRun {
   double Seconds = 0;
+  double ProcessorSeconds = 0;
   std::int64_t Rows = 0;
   std::int64_t Bytes = 0;
 };
+double ProcessorSeconds();
 TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Columns);
 
 }  // namespace bench

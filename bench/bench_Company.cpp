@@ -88,7 +88,7 @@ void OpenDocuments(benchmark::State& State) {
   constexpr std::size_t OwnOrder = 4;
   bench::MeasureList(State, DocumentsPlainly(OwnOrder), Documents);
 }
-BENCHMARK(OpenDocuments)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenDocuments)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
 
 void DocumentsInEveryOrder(benchmark::State& State) {
   const auto OrderBy = static_cast<std::size_t>(State.range(0));
@@ -127,7 +127,7 @@ void OpenPurchaseOrders(benchmark::State& State) {
               15),
       PurchaseOrders);
 }
-BENCHMARK(OpenPurchaseOrders)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenPurchaseOrders)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
 
 // A page further, its icon column painted.
 void PageThroughPurchaseOrders(benchmark::State& State) {
@@ -149,7 +149,7 @@ void OpenAMillionStockRows(benchmark::State& State) {
               8),
       [] { return uPickItemAndLocation::TfrmPickItemAndLocation::Create("BENCH", Company().Connection()); });
 }
-BENCHMARK(OpenAMillionStockRows)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenAMillionStockRows)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
 
 void SumAMillionPayments(benchmark::State& State) {
   bench::MeasureList(
@@ -160,6 +160,6 @@ void SumAMillionPayments(benchmark::State& State) {
               5),
       [] { return uPickEftBatch::TfrmPickEFTBatch::Create(Company().Connection()); });
 }
-BENCHMARK(SumAMillionPayments)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(SumAMillionPayments)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
 
 }  // namespace
