@@ -204,6 +204,11 @@ void TDocPickBase::RequireUserInterface() {
   }
 }
 
+void TDocPickBase::NameAfterClass() {
+  const QString Class = QString::fromLatin1(metaObject()->className());
+  setObjectName(Class.mid(Class.lastIndexOf(u':') + 2));
+}
+
 // The construction steps, on the complete object.
 void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   if (Connection == nullptr) throw ads::EDatabaseError("A pick needs a database connection.");
@@ -349,6 +354,7 @@ TDocPickBase::TConstruction::~TConstruction() {
 
 void TDocPickBase::TConstruction::Run(TDocPickBase& Dialog, ads::TAdsConnection* Connection) const {
   try {
+    Dialog.NameAfterClass();
     Dialog.Build(Connection);
     if (!Dialog.IsGivenUp_) Dialog.AfterCreate();
   } catch (...) {

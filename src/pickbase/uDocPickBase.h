@@ -43,7 +43,8 @@ void EndUnit();
 /// A dialog declares its fields, columns and extra boxes in its constructor, its captions and choices in `SetUpColumns`
 /// and its query in `SetSQL`. It is created by its static `Create`, which builds the complete object over the caller's
 /// connection and runs the first query; what that raises reaches the caller. The connection is borrowed for the life of
-/// the dialog.
+/// the dialog. Each dialog's class is known to Qt (Q_OBJECT), and its object name is that of the class without the T,
+/// so that style sheets and test tools can tell the dialogs apart: "uPickCity::TfrmPickCity" is called "frmPickCity".
 class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   Q_OBJECT
  public:
@@ -239,6 +240,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   int PlaceBesideList();
   void PlacePanels();
   static void RequireUserInterface();
+  void NameAfterClass();
   void Build(ads::TAdsConnection* Connection);
   void EndBuild();
   TQueryState QueryState() const;

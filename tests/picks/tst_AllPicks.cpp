@@ -236,6 +236,7 @@ class tst_AllPicks : public QObject {
   void shouldBeExported_data();
   void shouldBeExported();
   void shouldExportTheEntries();
+  void shouldEachHaveANameOfItsOwn();
   void shouldBeWalkedByTab_data();
   void shouldBeWalkedByTab();
 };
@@ -278,6 +279,23 @@ void tst_AllPicks::shouldExportTheEntries() {
   }
   QVERIFY(dlsym(Module, "CallPickCity") == nullptr);
   dlclose(Module);
+}
+
+// A style sheet and a test tool tell the dialogs apart by class and by object name.
+void tst_AllPicks::shouldEachHaveANameOfItsOwn() {
+  support::TTestCompany Company;
+  QMap<QString, QString> Names;  // by class
+  for (const support::TSampleDialog& Sample : support::EveryDialog()) {
+    const auto Dialog = Sample.Create(Company.Connection());
+    const auto& Object = *Dialog;
+    QCOMPARE(QString(Dialog->metaObject()->className()), QString::fromStdString(Demangled(typeid(Object).name())));
+    const QString Class = Dialog->metaObject()->className();
+    QCOMPARE("T" + Dialog->objectName(), Class.mid(Class.lastIndexOf(u':') + 1));
+    QVERIFY(!Names.contains(Class) || Names[Class] == Dialog->objectName());
+    Names[Class] = Dialog->objectName();
+  }
+  QCOMPARE(Names.size(), 50);
+  QCOMPARE(QSet(Names.begin(), Names.end()).size(), 50);
 }
 
 void tst_AllPicks::shouldBeWalkedByTab_data() {

@@ -9,6 +9,7 @@ namespace uPickEftBatch {
 
 /// Lists the batches of electronic payments with the total of each; those that were processed when their box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickEFTBatch : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickEFTBatch> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickEFTBatch>(Connection);

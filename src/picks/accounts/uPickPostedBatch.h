@@ -9,6 +9,7 @@ namespace uPickPostedBatch {
 
 /// Lists all posted ledger batches, at first the highest code first.
 class ZULPICKLISTS_EXPORT TfrmPickPostedBatch : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickPostedBatch> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickPostedBatch>(Connection);

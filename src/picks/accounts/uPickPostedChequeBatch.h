@@ -9,6 +9,7 @@ namespace uPickPostedChequeBatch {
 
 /// Lists the posted batches of payables payments, one row a batch and day.
 class ZULPICKLISTS_EXPORT TfrmPickPostedChequeBatch : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickPostedChequeBatch> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickPostedChequeBatch>(Connection);

@@ -17,6 +17,7 @@ using TARInvoiceOps = toolkit::TSet<TARInvoiceOp>;
 
 /// Lists the receivable invoices of one customer.
 class ZULPICKLISTS_EXPORT TfrmPickARInvoice : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickARInvoice> Create(ads::TAdsConnection* Connection, TARInvoiceOps Options,
                                                    const std::string& CustomerID, const std::string& Entity) {

@@ -17,6 +17,7 @@ using TBookingPickOps = toolkit::TSet<TBookingPickOp>;
 
 /// Lists the bookings of one vendor or of all, for customers and for prospects alike.
 class ZULPICKLISTS_EXPORT TfrmPickBooking : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickBooking> Create(ads::TAdsConnection* Connection, TBookingPickOps Options,
                                                  const std::string& VendorID) {

@@ -18,6 +18,7 @@ using TOEDocOptions = toolkit::TSet<TOEDocOption>;
 
 /// Lists order-entry documents of one type, of one customer or of all, to be ticked.
 class ZULPICKLISTS_EXPORT TfrmPickMultiOEDocs : public OEDocQuery::TOEDocPick<uDocPickMultiBase::TDocPickMultiBase> {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickMultiOEDocs> Create(ads::TAdsConnection* Connection, const std::string& CustomerID,
                                                      zulcommon::TDocType DocType, TOEDocOptions RequiredOptions,

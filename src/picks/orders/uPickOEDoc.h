@@ -17,6 +17,7 @@ using TOEDocOptions = toolkit::TSet<TOEDocOption>;
 
 /// Lists order-entry documents of some types, of one customer or of all, that are and are not what the options say.
 class ZULPICKLISTS_EXPORT TfrmPickOEDoc : public OEDocQuery::TOEDocPick<uDocPickBase::TDocPickBase> {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickOEDoc> Create(ads::TAdsConnection* Connection, const std::string& CustomerID,
                                                const zulcommon::TDocTypes& DocTypes, TOEDocOptions RequiredOptions,

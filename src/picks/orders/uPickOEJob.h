@@ -9,6 +9,7 @@ namespace uPickOEJob {
 
 /// Lists jobs with the order-entry documents raised on them: one row for each document, one for a job without any.
 class ZULPICKLISTS_EXPORT TfrmPickOEJob : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickOEJob> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickOEJob>(Connection);

@@ -14,6 +14,7 @@ namespace uPickOEMemberOfGroup {
 /// customer must be given, because the choices of an empty one begin with the company and the list would open in that
 /// fifth order.
 class ZULPICKLISTS_EXPORT TfrmPickOEMemberOfGroup : public uPickOEDoc::TfrmPickOEDoc {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickOEMemberOfGroup> Create(ads::TAdsConnection* Connection, const std::string& CustomerID,
                                                          const std::string& ParentNo) {

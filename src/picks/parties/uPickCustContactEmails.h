@@ -9,6 +9,7 @@ namespace uPickCustContactEmails {
 
 /// Lists e-mail addresses: of the customers and their contacts, or of the prospects and theirs.
 class ZULPICKLISTS_EXPORT TfrmDocPickCustEmails : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmDocPickCustEmails> Create(ads::TAdsConnection* Connection, bool ForCustomers) {
     return Construct<TfrmDocPickCustEmails>(Connection, ForCustomers);

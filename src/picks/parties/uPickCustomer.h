@@ -17,6 +17,7 @@ struct TCustomerPickOptions {
 
 /// Lists the customers. A box shows what each of them owes in place of the phone number.
 class ZULPICKLISTS_EXPORT TfrmPickCustomer : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickCustomer> Create(ads::TAdsConnection* Connection, bool FilterByEntity,
                                                   const std::string& Entity, bool AllowInactive, bool ShowBalances) {

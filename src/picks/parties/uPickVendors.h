@@ -18,6 +18,7 @@ enum class TVendorWhat : std::uint8_t {
 
 /// Lists the vendors; inactive ones when their box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickVendors : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickVendors> Create(ads::TAdsConnection* Connection, TVendorWhat What) {
     return Construct<TfrmPickVendors>(Connection, What);

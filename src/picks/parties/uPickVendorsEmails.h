@@ -9,6 +9,7 @@ namespace uPickVendorsEmails {
 
 /// Lists the vendors' e-mail addresses; those of inactive vendors when their box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickVendorsEmail : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickVendorsEmail> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickVendorsEmail>(Connection);

@@ -12,6 +12,7 @@ using uPickListTypes::TPOStates;
 
 /// Lists the customers for whom purchase orders of the given states were raised, each once.
 class ZULPICKLISTS_EXPORT TfrmPickCustWithPO : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickCustWithPO> Create(ads::TAdsConnection* Connection, TPOStates RequiredStates,
                                                     TPOStates ExcludedStates) {

@@ -14,6 +14,7 @@ using uPickListTypes::TPOStates;
 /// Lists the invoices and orders for which customer purchase orders of the given states were raised. A purchase order
 /// belongs to every document of its document number, whatever the type.
 class ZULPICKLISTS_EXPORT TfrmPickOEDocWithPO : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// A customer code that is not blank takes the customer's columns and choices away; it does not limit the list.
   static std::unique_ptr<TfrmPickOEDocWithPO> Create(ads::TAdsConnection* Connection, TPOStates RequiredStates,

@@ -11,6 +11,7 @@ using uPickListTypes::TPOStates;
 
 /// What the picks of purchase orders without a customer have in common: all but the kind of order that they list.
 class ZULPICKLISTS_EXPORT TPOKindPickBase : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   ~TPOKindPickBase() override;
 

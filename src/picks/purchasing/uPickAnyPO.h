@@ -14,6 +14,7 @@ using uPickListTypes::TPOStates;
 /// Lists the purchase orders with their state, the document and the customer that they are for, and their cost with or
 /// without GST.
 class ZULPICKLISTS_EXPORT TfrmPickPO : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// Lists the orders that are in all of the required states and in none of the excluded ones; those of one vendor
   /// unless its code is blank. The code goes into the query as it is.

@@ -12,6 +12,7 @@ using uPickListTypes::TPOStates;
 
 /// Lists the purchase orders that were raised for a customer.
 class ZULPICKLISTS_EXPORT TfrmPickCustPO : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// A customer code that is not blank limits the list to that customer; a document number and type, both not blank, to
   /// that document. What is fixed so has no columns and no choices, for a document also when only its number is given.

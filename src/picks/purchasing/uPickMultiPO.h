@@ -10,6 +10,7 @@ using uPickListTypes::TPOStates;
 
 /// Lists the purchase orders that were raised for several documents.
 class ZULPICKLISTS_EXPORT TfrmPickMultiPO : public uPOKindPickBase::TPOKindPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickMultiPO> Create(ads::TAdsConnection* Connection, TPOStates RequiredStates,
                                                  TPOStates ExcludedStates) {

@@ -12,6 +12,7 @@ using uPickListTypes::TPOStates;
 
 /// Lists the purchase orders with their type, to tick any number of them.
 class ZULPICKLISTS_EXPORT TfrmPickMultiPOs : public uDocPickMultiBase::TDocPickMultiBase {
+  Q_OBJECT
  public:
   /// Lists the orders that are in all of the required states and in none of the excluded ones.
   static std::unique_ptr<TfrmPickMultiPOs> Create(ads::TAdsConnection* Connection, TPOStates RequiredStates,

@@ -10,6 +10,7 @@ namespace uPickPOExtras {
 /// Lists what a vendor can charge on top of a purchase order's lines, to tick any number: the vendor's own extras and
 /// those of every vendor. It is not shown when there are none.
 class ZULPICKLISTS_EXPORT TfrmPickPOExtras : public uDocPickMultiBase::TDocPickMultiBase {
+  Q_OBJECT
  public:
   /// The code goes into the query as it is.
   static std::unique_ptr<TfrmPickPOExtras> Create(ads::TAdsConnection* Connection, const std::string& VendID) {

@@ -10,6 +10,7 @@ using uPickListTypes::TPOStates;
 
 /// Lists the purchase orders that were raised for stock.
 class ZULPICKLISTS_EXPORT TfrmPickStockPO : public uPOKindPickBase::TPOKindPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickStockPO> Create(ads::TAdsConnection* Connection, TPOStates RequiredStates,
                                                  TPOStates ExcludedStates) {

@@ -9,6 +9,7 @@ namespace uPeriodPickBase {
 /// What the picks of an accounting period have in common: the columns, which are the period's code, its first and its
 /// last day, and their labels. A descendant sets captions and choices and says where the periods come from.
 class ZULPICKLISTS_EXPORT TPeriodPickBase : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   ~TPeriodPickBase() override;
 

@@ -10,6 +10,7 @@ namespace uPickAPAgeHist {
 /// Lists the periods that have payables aging history, each once and always the latest first, whatever the descending
 /// box says.
 class ZULPICKLISTS_EXPORT TfrmPickAPAgeHist : public uPeriodPickBase::TPeriodPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickAPAgeHist> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickAPAgeHist>(Connection);

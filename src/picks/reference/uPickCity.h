@@ -9,6 +9,7 @@ namespace uPickCity {
 
 /// Lists the postcodes of the area table.
 class ZULPICKLISTS_EXPORT TfrmPickCity : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickCity> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickCity>(Connection);

@@ -9,6 +9,7 @@ namespace uPickCostCenter {
 
 /// Lists the cost centres.
 class ZULPICKLISTS_EXPORT TfrmPickCostCenter : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickCostCenter> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickCostCenter>(Connection);

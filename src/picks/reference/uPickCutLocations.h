@@ -9,6 +9,7 @@ namespace uPickCutLocations {
 
 /// Lists the places where material is cut.
 class ZULPICKLISTS_EXPORT TfrmPickCutLocations : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickCutLocations> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickCutLocations>(Connection);

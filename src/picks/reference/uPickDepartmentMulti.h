@@ -9,6 +9,7 @@ namespace uPickDepartmentMulti {
 
 /// Lists the departments, to tick any number of them. `uPickMultiDepartments` has a twin of it.
 class ZULPICKLISTS_EXPORT TfrmPickDepartments : public uDocPickMultiBase::TDocPickMultiBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickDepartments> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickDepartments>(Connection);

@@ -9,6 +9,7 @@ namespace uPickEntity {
 
 /// Lists the accounting entities.
 class ZULPICKLISTS_EXPORT TfrmPickEntity : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickEntity> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickEntity>(Connection);

@@ -10,6 +10,7 @@ namespace uPickFinance {
 /// Lists the finance rates. What is typed never narrows this list: its find condition has no WHERE before it, so the
 /// query fails and the whole list is shown instead.
 class ZULPICKLISTS_EXPORT TfrmPickFinance : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickFinance> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickFinance>(Connection);

@@ -9,6 +9,7 @@ namespace uPickGSTRate {
 
 /// Lists the rates of goods and services tax.
 class ZULPICKLISTS_EXPORT TfrmPickGSTRate : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickGSTRate> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickGSTRate>(Connection);

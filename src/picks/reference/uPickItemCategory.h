@@ -9,6 +9,7 @@ namespace uPickItemCategory {
 
 /// Lists the categories of stock items.
 class ZULPICKLISTS_EXPORT TfrmPickItemCat : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemCat> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickItemCat>(Connection);

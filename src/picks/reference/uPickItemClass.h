@@ -9,6 +9,7 @@ namespace uPickItemClass {
 
 /// Lists the classes of stock items.
 class ZULPICKLISTS_EXPORT TfrmPickItemClass : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemClass> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickItemClass>(Connection);

@@ -9,6 +9,7 @@ namespace uPickItemFactorPreset {
 
 /// Lists the presets of item factors.
 class ZULPICKLISTS_EXPORT TfrmPickItemFactorPreset : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemFactorPreset> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickItemFactorPreset>(Connection);

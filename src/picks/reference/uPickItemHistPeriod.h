@@ -12,6 +12,7 @@ namespace uPickItemHistPeriod {
 /// The order by the start date asks for a column that no table has, so the list cannot be opened in it; a search for a
 /// date asks for dates of the history, which has none, and so shows the whole list.
 class ZULPICKLISTS_EXPORT TfrmPickItemHistPeriod : public uPeriodPickBase::TPeriodPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemHistPeriod> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickItemHistPeriod>(Connection);

@@ -9,6 +9,7 @@ namespace uPickItemPreset {
 
 /// Lists the item presets.
 class ZULPICKLISTS_EXPORT TfrmPickItemPreset : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemPreset> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickItemPreset>(Connection);

@@ -9,6 +9,7 @@ namespace uPickJob {
 
 /// Lists the jobs.
 class ZULPICKLISTS_EXPORT TfrmPickJob : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickJob> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickJob>(Connection);

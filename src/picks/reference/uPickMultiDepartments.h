@@ -8,6 +8,7 @@ namespace uPickMultiDepartments {
 
 /// Lists the departments, to tick any number of them. `uPickDepartmentMulti` has a twin of it.
 class ZULPICKLISTS_EXPORT TfrmPickMultiDepartments : public uDocPickMultiBase::TDocPickMultiBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickMultiDepartments> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickMultiDepartments>(Connection);

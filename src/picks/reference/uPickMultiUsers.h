@@ -8,6 +8,7 @@ namespace uPickMultiUsers {
 
 /// Lists the users, to tick any number of them.
 class ZULPICKLISTS_EXPORT TfrmPickMultiUsers : public uDocPickMultiBase::TDocPickMultiBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickMultiUsers> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickMultiUsers>(Connection);

@@ -9,6 +9,7 @@ namespace uPickPeriods {
 
 /// Lists the accounting periods, the latest first.
 class ZULPICKLISTS_EXPORT TfrmPickPeriods : public uPeriodPickBase::TPeriodPickBase {
+  Q_OBJECT
  public:
   /// Closed periods are listed only when `IncludeClosed` is true.
   static std::unique_ptr<TfrmPickPeriods> Create(ads::TAdsConnection* Connection, bool IncludeClosed) {

@@ -9,6 +9,7 @@ namespace uPickSalesPerson {
 
 /// Lists the current sales people.
 class ZULPICKLISTS_EXPORT TfrmPickSalesPerson : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// Where the system keeps several accounts, only the sales people of `Entity` are listed, unless it is empty. It goes
   /// into the query as it is.

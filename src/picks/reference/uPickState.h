@@ -9,6 +9,7 @@ namespace uPickState {
 
 /// Lists the states of the country.
 class ZULPICKLISTS_EXPORT TfrmPickState : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickState> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickState>(Connection);

@@ -9,6 +9,7 @@ namespace uPickSuburb {
 
 /// Lists the suburbs.
 class ZULPICKLISTS_EXPORT TfrmPickSuburb : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickSuburb> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickSuburb>(Connection);

@@ -10,6 +10,7 @@ namespace uPickTerms {
 /// Lists the payment terms. What is typed never narrows this list: its find condition has no WHERE before it, so the
 /// query fails and the whole list is shown instead.
 class ZULPICKLISTS_EXPORT TfrmPickTerms : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickTerms> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickTerms>(Connection);

@@ -9,6 +9,7 @@ namespace uPickUsedPeriodYear {
 
 /// Lists the calendar years in which there are periods. There is nothing to search or to sort by.
 class ZULPICKLISTS_EXPORT TfrmPickUsedPeriod : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickUsedPeriod> Create(ads::TAdsConnection* Connection) {
     return Construct<TfrmPickUsedPeriod>(Connection);

@@ -9,6 +9,7 @@ namespace uPickUserName {
 
 /// Lists the users; inactive ones when their box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickUserName : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// Only the users of `Entity` are listed, unless it is empty. It goes into the query as it is.
   static std::unique_ptr<TfrmPickUserName> Create(ads::TAdsConnection* Connection, const std::string& Entity) {

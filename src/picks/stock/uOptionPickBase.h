@@ -19,6 +19,7 @@ struct TOptionTable {
 /// default one. The default option is the current row when the dialog opens. A descendant sets the captions and says
 /// where the options come from.
 class ZULPICKLISTS_EXPORT TOptionPickBase : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   ~TOptionPickBase() override;
 

@@ -11,6 +11,7 @@ namespace uPickItemAndLocation {
 /// Lists the child items of one parent item at every location that holds them; those with nothing on hand when their
 /// box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickItemAndLocation : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// The parent's code goes into the query as it is. An empty one stands for the items whose parent is an empty text.
   static std::unique_ptr<TfrmPickItemAndLocation> Create(const std::string& ParentItem,

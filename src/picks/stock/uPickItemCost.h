@@ -10,6 +10,7 @@ namespace uPickItemCost {
 
 /// Lists what one item cost each time that it was received; with the location where the system keeps several.
 class ZULPICKLISTS_EXPORT TfrmPickItemCost : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// The item's code goes into the query as it is.
   static std::unique_ptr<TfrmPickItemCost> Create(ads::TAdsConnection* Connection, const std::string& Item) {

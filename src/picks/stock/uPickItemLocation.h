@@ -10,6 +10,7 @@ namespace uPickItemLocation {
 
 /// Lists the locations that hold an item; those with nothing on hand when their box is ticked.
 class ZULPICKLISTS_EXPORT TfrmPickItemLocation : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// The item's code goes into the query as it is. `IncludeZero` ticks the box at the start.
   static std::unique_ptr<TfrmPickItemLocation> Create(const std::string& Item, ads::TAdsConnection* Connection,

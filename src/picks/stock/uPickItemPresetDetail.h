@@ -8,6 +8,7 @@ namespace uPickItemPresetDetail {
 
 /// Lists the options of one line of an item preset.
 class ZULPICKLISTS_EXPORT TfrmPickItemPresetDetail : public uOptionPickBase::TOptionPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickItemPresetDetail> Create(ads::TAdsConnection* Connection, std::int32_t LineID) {
     return Construct<TfrmPickItemPresetDetail>(Connection, LineID);

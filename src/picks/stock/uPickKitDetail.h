@@ -8,6 +8,7 @@ namespace uPickKitDetail {
 
 /// Lists the options of a kit.
 class ZULPICKLISTS_EXPORT TfrmPickKitDetail : public uOptionPickBase::TOptionPickBase {
+  Q_OBJECT
  public:
   static std::unique_ptr<TfrmPickKitDetail> Create(ads::TAdsConnection* Connection, std::int32_t KitID) {
     return Construct<TfrmPickKitDetail>(Connection, KitID);

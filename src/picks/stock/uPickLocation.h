@@ -10,6 +10,7 @@ namespace uPickLocation {
 
 /// Lists the stock locations, or only those that hold an item.
 class ZULPICKLISTS_EXPORT TfrmPickLocation : public uDocPickBase::TDocPickBase {
+  Q_OBJECT
  public:
   /// An empty item stands for all locations. Its code goes into the query as it is.
   static std::unique_ptr<TfrmPickLocation> Create(ads::TAdsConnection* Connection, const std::string& Item) {
