@@ -28,6 +28,7 @@
 #include "toolkit/EventGuard.h"
 #include "toolkit/Formats.h"
 #include "toolkit/GroupBox.h"
+#include "toolkit/Mnemonic.h"
 #include "toolkit/QuietLoop.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
@@ -257,7 +258,7 @@ void TDocPickBase::LoadCaptions() {
   rgFindBy->setTitle(Shown(LoadZULResString(5034)));
   rgOrderBy->setTitle(Shown(LoadZULResString(5035)));
   ckbDesc->setText(Shown(LoadZULResString(5036)));
-  edFind->setAccessibleName(gbFind->title());
+  edFind->setAccessibleName(toolkit::WithoutMnemonic(gbFind->title()));
 }
 
 void TDocPickBase::ReadSys() {

@@ -3,7 +3,9 @@
 #include <cxxabi.h>
 #include <dlfcn.h>
 
+#include <QAccessible>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -231,13 +233,20 @@ QStringList TabStops(const uDocPickBase::TDocPickBase& Dialog) {
 
 class tst_AllPicks : public QObject {
   Q_OBJECT
+
+  static void AddDialogs();
+
  private Q_SLOTS:
   void shouldBeAllOfThem();
   void shouldBeExported_data();
   void shouldBeExported();
   void shouldExportTheEntries();
   void shouldEachHaveANameOfItsOwn();
-  void shouldBeWalkedByTab_data();
+  void shouldGoToEachControlByALetterOfItsOwn_data() { AddDialogs(); }
+  void shouldGoToEachControlByALetterOfItsOwn();
+  void shouldSpellNoMnemonicForAssistivePrograms_data() { AddDialogs(); }
+  void shouldSpellNoMnemonicForAssistivePrograms();
+  void shouldBeWalkedByTab_data() { AddDialogs(); }
   void shouldBeWalkedByTab();
 };
 
@@ -298,10 +307,62 @@ void tst_AllPicks::shouldEachHaveANameOfItsOwn() {
   QCOMPARE(QSet(Names.begin(), Names.end()).size(), 50);
 }
 
-void tst_AllPicks::shouldBeWalkedByTab_data() {
+void tst_AllPicks::AddDialogs() {
   QTest::addColumn<int>("Index");
   int Index = 0;
   for (const support::TSampleDialog& Sample : support::EveryDialog()) QTest::newRow(Sample.Name.c_str()) << Index++;
+}
+
+void tst_AllPicks::shouldGoToEachControlByALetterOfItsOwn() {
+  QFETCH(int, Index);
+  support::TTestCompany Company;
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company.Connection());
+  Dialog->show();
+  QVERIFY(QTest::qWaitForWindowActive(Dialog.get()));
+  QMap<QString, QString> Controls;  // by mnemonic
+  for (const QWidget* Widget : Dialog->findChildren<QWidget*>()) {
+    if (!Widget->isVisible()) continue;
+    const auto* Button = qobject_cast<const QAbstractButton*>(Widget);
+    const auto* Group = qobject_cast<const QGroupBox*>(Widget);
+    const QString Caption = Button != nullptr ? Button->text() : Group != nullptr ? Group->title() : QString();
+    const QString Mnemonic = QKeySequence::mnemonic(Caption).toString();
+    if (Mnemonic.isEmpty()) continue;
+    QVERIFY2(!Controls.contains(Mnemonic), qPrintable(Widget->objectName() + " and " + Controls[Mnemonic]));
+    Controls[Mnemonic] = Widget->objectName();
+  }
+  QStringList Base{"bbnOK", "bbnCancel"};
+  if (Dialog->gbFind->isVisible())
+    Base << "gbFind"
+         << "bbnFInd"
+         << "rgFindBy";
+  if (Dialog->rgOrderBy->isVisible())
+    Base << "rgOrderBy"
+         << "ckbDesc";
+  Base.sort();
+  QStringList WithLetters = Controls.values();
+  WithLetters.sort();
+  QCOMPARE(WithLetters, Base);
+  if (!Dialog->gbFind->isVisible()) return;
+
+  Dialog->dbgAvail->setFocus();
+  QTest::keyClick(Dialog->dbgAvail, Qt::Key_I, Qt::AltModifier);
+  QCOMPARE(QApplication::focusWidget(), Dialog->edFind);
+  QTest::keyClick(Dialog->edFind, Qt::Key_B, Qt::AltModifier);
+  QCOMPARE(QApplication::focusWidget(), Dialog->rgFindBy->Button(Dialog->rgFindBy->ItemIndex()));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_R, Qt::AltModifier);
+  QCOMPARE(QApplication::focusWidget(), Dialog->rgOrderBy->Button(Dialog->rgOrderBy->ItemIndex()));
+}
+
+void tst_AllPicks::shouldSpellNoMnemonicForAssistivePrograms() {
+  QFETCH(int, Index);
+  support::TTestCompany Company;
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company.Connection());
+  Dialog->show();
+  for (QWidget* Widget : Dialog->findChildren<QWidget*>()) {
+    QAccessibleInterface* Accessible = QAccessible::queryAccessibleInterface(Widget);
+    if (Accessible == nullptr || !Widget->isVisible()) continue;
+    QVERIFY2(!Accessible->text(QAccessible::Name).contains(u'&'), qPrintable(Widget->objectName()));
+  }
 }
 
 // As it reads from the top to the bottom: the list, the find box, the choices, the boxes, the buttons.

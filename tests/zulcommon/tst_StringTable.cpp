@@ -95,9 +95,9 @@ void tst_StringTable::shouldHoldTheTextsThatAreFixed() {
   QCOMPARE(Text(65520), QString("Please Wait"));
   QCOMPARE(Text(65521), QString("Select %s"));
   QCOMPARE(Text(65522), QString("Available %s"));
-  QCOMPARE(Text(2000), QString("OK"));
-  QCOMPARE(Text(2001), QString("Cancel"));
-  QCOMPARE(Text(2007), QString("Find"));
+  QCOMPARE(Text(2000), QString("&OK"));
+  QCOMPARE(Text(2001), QString("&Cancel"));
+  QCOMPARE(Text(2007), QString("&Find"));
 }
 
 void tst_StringTable::shouldHoldOnePlaceholderWhereATextIsFormatted() {
@@ -187,7 +187,7 @@ void tst_StringTable::shouldLayAHostsTableOverItsOwn() {
   QCOMPARE(Text(2000), Untouched);
 
   ResetStringTable();
-  QCOMPARE(Text(2001), QString("Cancel"));
+  QCOMPARE(Text(2001), QString("&Cancel"));
   QCOMPARE(Text(9001), QString("#9001"));
 }
 
@@ -232,9 +232,9 @@ void tst_StringTable::shouldRefuseALineOfAnotherForm() {
   const QString Message = Refusal(FileName);
   QVERIFY2(Message.contains(FileName), qPrintable(Message));
   QVERIFY2(Message.contains("line 3"), qPrintable(Message));
-  QCOMPARE(Text(2000), QString("OK"));
-  QCOMPARE(Text(2001), QString("Cancel"));
-  QCOMPARE(Text(2007), QString("Find"));
+  QCOMPARE(Text(2000), QString("&OK"));
+  QCOMPARE(Text(2001), QString("&Cancel"));
+  QCOMPARE(Text(2007), QString("&Find"));
 }
 
 void tst_StringTable::shouldRefuseAFileThatCannotBeRead() {
@@ -242,7 +242,7 @@ void tst_StringTable::shouldRefuseAFileThatCannotBeRead() {
   QVERIFY(Refusal(Missing).contains(Missing));
   QVERIFY(Refusal(Dir_.path()).contains(Dir_.path()));
   QVERIFY(!Refusal("").isEmpty());
-  QCOMPARE(Text(2001), QString("Cancel"));
+  QCOMPARE(Text(2001), QString("&Cancel"));
 }
 
 QTEST_MAIN(tst_StringTable)
