@@ -22,6 +22,7 @@
 #include "frame/uZULPickListsUtils.h"
 #include "frame/uZULPickPlsWait.h"
 #include "pickbase/PickCall.h"
+#include "pickbase/TitleMeanings.h"
 #include "toolkit/ActionButton.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/EConvertError.h"
@@ -172,7 +173,10 @@ void TDocPickBase::ConnectEvents() {
     actFindUpdate();
     Guarded(this, [this] { edFindChange(); });
   });
-  rgFindBy->OnClick = [this] { rgFindByClick(); };
+  rgFindBy->OnClick = [this] {
+    TellFindBy();
+    rgFindByClick();
+  };
   rgOrderBy->OnClick = [this] { OrderClick(); };
   connect(ckbDesc, &QCheckBox::toggled, this, [this] { Guarded(this, [this] { OrderClick(); }); });
   dbgAvail->OnTitleClick = [this](const toolkit::TColumn* Title) { dbgAvailTitleClick(Title); };
@@ -225,6 +229,7 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   InSetup = true;
   SetUpColumns();
   InSetup = false;
+  pickbase::NameLetterColumns(*dbgAvail);
   const bool HasFindBy = rgFindBy->Items().Count() > 0;
   rgFindBy->setVisible(HasFindBy);
   gbFind->setVisible(HasFindBy);
@@ -237,6 +242,7 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   UpdateFind();
   actOKUpdate();
   actFindUpdate();
+  TellFindBy();
   if (HasFindBox()) edFind->setFocus();
 }
 
@@ -644,6 +650,15 @@ void TDocPickBase::TellRows() {
   lblRows->setText(Text);
   dbgAvail->setAccessibleDescription(Text);
   dbgAvail->setToolTip(Text);
+}
+
+// In the empty find box, and to assistive programs.
+void TDocPickBase::TellFindBy() {
+  const int Index = rgFindBy->ItemIndex();
+  const QString Column = Index >= 0 ? Shown(rgFindBy->Items()[Index]) : QString();
+  edFind->setPlaceholderText(Column);
+  const QString FindBy = toolkit::WithoutMnemonic(rgFindBy->title());
+  edFind->setAccessibleDescription(Column.isEmpty() ? QString() : FindBy + ": " + Column);
 }
 
 void TDocPickBase::actOKUpdate() {

@@ -250,6 +250,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
                        const std::string& Why);
   void TellRows();
   void ShowOrder();
+  void TellFindBy();
   void RunQuery();
   void RunQueries();
   void StopQuery();

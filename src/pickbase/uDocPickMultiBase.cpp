@@ -77,7 +77,8 @@ int TTickedRows::IndexOf(const std::int32_t& RecNo) const {
 TDocPickMultiBase::TDocPickMultiBase() {
   qryList_Ticked = CalculatedField("Ticked", ads::TFieldType::ftBoolean);
   qryList_Ticked->SetDisplayLabel("T");
-  NarrowColumn(qryList_Ticked);
+  NarrowColumn(qryList_Ticked).SetCheckable(true);
+  dbgAvail->OnToggle = [this](toolkit::TColumn*) { TDocPickMultiBase::dbgAvailDblClick(); };
   qryList_->AfterClose = [this](ads::TDataSet&) { qryList_AfterClose(); };
   qryList_->OnCalcFields = [this](ads::TDataSet&) { qryList_CalcFields(); };
   dbgAvail->OnKeyPress = [this](const QString& Text) { return Text == QLatin1String(" ") && dbgAvailKeyPress(' '); };
@@ -99,7 +100,7 @@ TDocPickMultiBase::~TDocPickMultiBase() = default;
 
 void TDocPickMultiBase::PutTickedLast() {
   dbgAvail->RemoveColumn(uZULPickListsUtils::GridColIndex(dbgAvail, qryList_Ticked));
-  NarrowColumn(qryList_Ticked);
+  NarrowColumn(qryList_Ticked).SetCheckable(true);
 }
 
 void TDocPickMultiBase::qryList_CalcFields() {
@@ -117,6 +118,7 @@ void TDocPickMultiBase::actOKUpdate() {
 
 void TDocPickMultiBase::TicksChanged() {
   qryList_->Refresh();
+  dbgAvail->TellToggled();
   actOKUpdate();
 }
 

@@ -10,6 +10,7 @@
 #include <exception>
 
 #include "toolkit/CellText.h"
+#include "toolkit/DBGridAccessible.h"
 #include "toolkit/DBGridModel.h"
 #include "toolkit/DBGridTitles.h"
 #include "toolkit/EListError.h"
@@ -51,6 +52,7 @@ class TDBGrid::TCellDelegate : public QStyledItemDelegate {
 };
 
 TDBGrid::TDBGrid(QWidget* Parent) : QTableView(Parent), Model_(new TDBGridModel(*this)) {
+  InstallGridAccessibility();
   SetUpLook();
   SetUpBehaviour();
   setModel(Model_);
@@ -159,7 +161,9 @@ void TDBGrid::ShowCurrentRow() {
 
 // Also called for the moves that follow the dataset; only the user's own go to it.
 void TDBGrid::currentChanged(const QModelIndex& Current, const QModelIndex& Previous) {
-  QTableView::currentChanged(Current, Previous);
+  // The table would tell assistive programs that the focus went to the row, also while another control has it.
+  QAbstractItemView::currentChanged(Current, Previous);
+  if (hasFocus()) TellCurrentRow();
   viewport()->update();
   if (Following_ || !Current.isValid() || DataSet_ == nullptr || DataSet_->RecNo() == Current.row() + 1) return;
   {
@@ -342,6 +346,12 @@ bool TDBGrid::HandleCharacter(const QKeyEvent& Event) {
   return Kept || !Ran;
 }
 
+void TDBGrid::Toggle(int Column) {
+  if (OnToggle && Columns_[Column]->Checkable() && DataSet_ != nullptr && !DataSet_->IsEmpty()) {
+    Guarded(this, [Handler = OnToggle, Shown = Columns_[Column]] { Handler(Shown); });
+  }
+}
+
 void TDBGrid::CallDblClick() {
   if (OnDblClick && DataSet_ != nullptr && !DataSet_->IsEmpty()) Guarded(this, std::function(OnDblClick));
 }
@@ -353,6 +363,7 @@ void TDBGrid::mouseDoubleClickEvent(QMouseEvent* Event) {
 
 void TDBGrid::focusInEvent(QFocusEvent* Event) {
   QTableView::focusInEvent(Event);
+  TellCurrentRow();
   viewport()->update();
 }
 

@@ -55,6 +55,14 @@ class ZULTOOLKIT_EXPORT TColumn {
   /// The field's display label.
   std::string Title() const;
 
+  /// What assistive programs call the column, for a title of a letter or none; the title until it is set.
+  std::string AccessibleTitle() const { return AccessibleTitle_.empty() ? Title() : AccessibleTitle_; }
+  TColumn& SetAccessibleTitle(std::string AccessibleTitle);
+
+  /// Whether the user can tick its cells, by a click or as assistive programs do (`TDBGrid::OnToggle`).
+  bool Checkable() const { return Checkable_; }
+  TColumn& SetCheckable(bool Checkable);
+
   TDBGrid* Grid() const { return Grid_; }
   /// The position in the grid, from 0.
   int Index() const;
@@ -72,6 +80,8 @@ class ZULTOOLKIT_EXPORT TColumn {
   std::optional<int> Width_;
   std::optional<TAlignment> Alignment_;
   TAlignment TitleAlignment_ = TAlignment::taLeftJustify;
+  std::string AccessibleTitle_;
+  bool Checkable_ = false;
 };
 
 /// The columns of a grid, in display order.
@@ -132,6 +142,21 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   /// Called for a click on a title; guarded.
   std::function<void(TColumn* Column)> OnTitleClick;
 
+  /// Called to turn over the current row's cell of a column that is checkable; guarded.
+  std::function<void(TColumn* Column)> OnToggle;
+  void Toggle(int Column);
+
+  // What assistive programs say, by index: a column's title; a cell's value, with its meaning when it is a tick; a
+  // whole row with its titles.
+  QString AccessibleTitle(int Column) const;
+  QString AccessibleCell(const QModelIndex& Index) const;
+  QString AccessibleRow(int Row) const;
+  /// Whether the column shows ticks, and whether a cell of it has one.
+  bool IsTick(int Column) const;
+  bool AccessibleChecked(const QModelIndex& Index) const;
+  /// Says that the current row was ticked, or its tick taken away.
+  void TellToggled();
+
   /// Shows by an arrow over its title the column by which the rows are ordered; null for none.
   void ShowOrder(const TColumn* Column, bool Descending);
   const TColumn* OrderColumn() const { return OrderColumn_; }
@@ -178,6 +203,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   friend class TDBGridModel;
   class TCellDelegate;
 
+  QString AccessibleValue(const QModelIndex& Index) const;
+  void TellCurrentRow();
   QString CellToolTip(const QModelIndex& Index) const;
   QString TitleToolTip(int Column) const;
   void CopyRow() const;

@@ -1,6 +1,7 @@
 #include <QFontMetrics>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "toolkit/CellText.h"
 #include "toolkit/DBGrid.h"
@@ -70,6 +71,16 @@ TColumn& TColumn::SetAlignment(TAlignment Alignment) {
 TColumn& TColumn::SetTitleAlignment(TAlignment Alignment) {
   TitleAlignment_ = Alignment;
   Changed();
+  return *this;
+}
+
+TColumn& TColumn::SetAccessibleTitle(std::string AccessibleTitle) {
+  AccessibleTitle_ = std::move(AccessibleTitle);
+  return *this;
+}
+
+TColumn& TColumn::SetCheckable(bool Checkable) {
+  Checkable_ = Checkable;
   return *this;
 }
 

@@ -1,11 +1,14 @@
-// What a grid's user gets to read besides what is painted: tool tips, and the row as text.
+// What a grid's user gets to read besides what is painted: tool tips, the row as text, what assistive programs say.
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 
 #include "toolkit/CellText.h"
 #include "toolkit/DBGrid.h"
+#include "toolkit/DBGridAccessible.h"
 #include "toolkit/DBGridModel.h"
 #include "toolkit/Form.h"
+#include "zulcommon/StringTable.h"
 
 namespace toolkit {
 
@@ -13,6 +16,9 @@ namespace {
 
 // More of a memo than this would cover the screen.
 constexpr qsizetype LongestToolTip = 2000;
+
+constexpr int YesText = 65530;
+constexpr int NoText = 65531;
 
 QString ToolTip(const QString& Text) {
   return QStringLiteral("<qt>%1</qt>").arg(Text.left(LongestToolTip).toHtmlEscaped());
@@ -26,11 +32,65 @@ QString OneLine(QString Text) {
 }  // namespace
 
 QString TDBGrid::CellToolTip(const QModelIndex& Index) const {
-  const TColumn& Column = *Columns_[Index.column()];
   const QString Text = Index.data(Qt::DisplayRole).toString();
-  const bool IsTick = Column.Field() != nullptr && Column.Field()->DataType() == ads::TFieldType::ftBoolean &&
-                      !Column.Field()->OnGetText;
-  return IsTick || !IsCut(font(), Column.Width(), Text) ? QString() : ToolTip(Text);
+  const bool Tells = !IsTick(Index.column()) && IsCut(font(), Columns_[Index.column()]->Width(), Text);
+  return Tells ? ToolTip(Text) : QString();
+}
+
+bool TDBGrid::IsTick(int Column) const {
+  const ads::TField* Field = Columns_[Column]->Field();
+  return Field != nullptr && Field->DataType() == ads::TFieldType::ftBoolean && !Field->OnGetText;
+}
+
+bool TDBGrid::AccessibleChecked(const QModelIndex& Index) const {
+  if (DataSet_ == nullptr || Index.row() >= DataSet_->RecordCount()) return false;
+  const ads::TRowScope Scope(*DataSet_, Index.row());
+  try {
+    return Columns_[Index.column()]->Field()->AsBoolean();
+  } catch (const std::exception&) {
+    return false;  // the grid reports it when it paints the cell
+  }
+}
+
+QString TDBGrid::AccessibleTitle(int Column) const {
+  return QString::fromStdString(Columns_[Column]->AccessibleTitle());
+}
+
+QString TDBGrid::AccessibleValue(const QModelIndex& Index) const {
+  if (!IsTick(Index.column())) return Index.data(Qt::DisplayRole).toString();
+  return QString::fromStdString(zulcommon::LoadZULResString(AccessibleChecked(Index) ? YesText : NoText));
+}
+
+QString TDBGrid::AccessibleCell(const QModelIndex& Index) const {
+  const QString Value = AccessibleValue(Index);
+  return IsTick(Index.column()) ? AccessibleTitle(Index.column()) + ": " + Value : Value;
+}
+
+// Columns without a title show pictures of what another one says.
+QString TDBGrid::AccessibleRow(int Row) const {
+  QStringList Parts;
+  for (int Column = 0; Column < Model_->columnCount(); ++Column) {
+    const QString Title = AccessibleTitle(Column).trimmed();
+    const QString Value = AccessibleValue(Model_->index(Row, Column));
+    if (!Title.isEmpty() && !Value.isEmpty()) Parts.append(Title + ": " + Value);
+  }
+  return Parts.join(QStringLiteral(", "));
+}
+
+void TDBGrid::TellToggled() {
+  if (!QAccessible::isActive() || !currentIndex().isValid()) return;
+  QAccessible::State Changed;
+  Changed.checked = true;
+  QAccessibleStateChangeEvent Event(this, Changed);
+  Event.setChild(TGridAccessible::ChildIndex(*this, currentIndex().row(), currentIndex().column()));
+  QAccessible::updateAccessibility(&Event);
+}
+
+void TDBGrid::TellCurrentRow() {
+  if (!QAccessible::isActive() || !currentIndex().isValid()) return;
+  QAccessibleEvent Event(this, QAccessible::Focus);
+  Event.setChild(TGridAccessible::ChildIndex(*this, currentIndex().row(), currentIndex().column()));
+  QAccessible::updateAccessibility(&Event);
 }
 
 QString TDBGrid::TitleToolTip(int Column) const {

@@ -1,4 +1,5 @@
 // The dialog in which rows are ticked.
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QContextMenuEvent>
@@ -107,6 +108,7 @@ class tst_DocPickMultiBase : public QObject {
   void shouldTakeATickAwayByASecondDoubleClick();
   void shouldTickBySpace();
   void shouldTickByEnterInTheGrid();
+  void shouldTickByTheActionOfAnAssistiveProgram();
   void shouldLeaveOtherKeysAlone();
   void shouldKeepTheOrderOfTheTicks();
   void shouldAllowOKOnlyWithATick();
@@ -219,6 +221,29 @@ void tst_DocPickMultiBase::shouldTickByEnterInTheGrid() {
   });
   QVERIFY(Open);
   QCOMPARE(Ticked(*Dialog_), (std::vector{1}));
+}
+
+void tst_DocPickMultiBase::shouldTickByTheActionOfAnAssistiveProgram() {
+  TTestCompany Company;
+  const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              QAccessibleTableInterface* Table =
+                  QAccessible::queryAccessibleInterface(Dialog->dbgAvail)->tableInterface();
+              QAccessibleInterface* Tick = Table->cellAt(3, 0);
+              QCOMPARE(Tick->text(QAccessible::Name), QStringLiteral("Ticked: no"));
+              QVERIFY(Tick->state().checkable);
+              QVERIFY(!Tick->state().checked);
+              Tick->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+              QVERIFY(Tick->state().checked);
+              QCOMPARE(Dialog->TickedRows.Count(), 1);
+              QVERIFY(Dialog->TickedRows.Contains(4));
+              QCOMPARE(Dialog->qryList_->RecNo(), 4);
+              QVERIFY(Tick->text(QAccessible::Name).startsWith("Ticked: yes, Suburb: "));
+              QVERIFY(Dialog->bbnOK->isEnabled());
+              Tick->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+              QCOMPARE(Dialog->TickedRows.Count(), 0);
+            });
 }
 
 void tst_DocPickMultiBase::shouldLeaveOtherKeysAlone() {

@@ -246,6 +246,10 @@ class tst_AllPicks : public QObject {
   void shouldGoToEachControlByALetterOfItsOwn();
   void shouldSpellNoMnemonicForAssistivePrograms_data() { AddDialogs(); }
   void shouldSpellNoMnemonicForAssistivePrograms();
+  void shouldTellAssistiveProgramsWhatALetterMeans_data() { AddDialogs(); }
+  void shouldTellAssistiveProgramsWhatALetterMeans();
+  void shouldTellWhichColumnIsSearched_data() { AddDialogs(); }
+  void shouldTellWhichColumnIsSearched();
   void shouldBeWalkedByTab_data() { AddDialogs(); }
   void shouldBeWalkedByTab();
 };
@@ -362,6 +366,29 @@ void tst_AllPicks::shouldSpellNoMnemonicForAssistivePrograms() {
     QAccessibleInterface* Accessible = QAccessible::queryAccessibleInterface(Widget);
     if (Accessible == nullptr || !Widget->isVisible()) continue;
     QVERIFY2(!Accessible->text(QAccessible::Name).contains(u'&'), qPrintable(Widget->objectName()));
+  }
+}
+
+void tst_AllPicks::shouldTellAssistiveProgramsWhatALetterMeans() {
+  QFETCH(int, Index);
+  support::TTestCompany Company;
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company.Connection());
+  for (const toolkit::TColumn* Column : Dialog->dbgAvail->Columns()) {
+    const bool IsLetter = Column->Title().size() == 1 && Column->Title() != " ";
+    QVERIFY2(!IsLetter || Column->AccessibleTitle().size() > 3, Column->Field()->FieldName().c_str());
+  }
+}
+
+void tst_AllPicks::shouldTellWhichColumnIsSearched() {
+  QFETCH(int, Index);
+  support::TTestCompany Company;
+  const auto Dialog = support::EveryDialog()[static_cast<std::size_t>(Index)].Create(Company.Connection());
+  const QAccessibleInterface* FindBox = QAccessible::queryAccessibleInterface(Dialog->edFind);
+  for (int Item = 0; Item < Dialog->rgFindBy->Items().Count(); ++Item) {
+    Dialog->rgFindBy->SetItemIndex(Item);
+    const QString Column = QString::fromStdString(Dialog->rgFindBy->Items()[Item]);
+    QCOMPARE(Dialog->edFind->placeholderText(), Column);
+    QCOMPARE(FindBox->text(QAccessible::Description), "Find By: " + Column);
   }
 }
 

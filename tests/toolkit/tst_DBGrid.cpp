@@ -806,6 +806,70 @@ class tst_DBGrid : public QObject {
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
   }
 
+  // What assistive programs are told.
+
+  void shouldTellTheCurrentRowWithItsTitles() {
+    TSample Form(5);
+    Form.Grid->AddColumn(Form.Cities.Capital).SetWidth(16).SetAccessibleTitle("Is the capital");
+    QVERIFY(Form.Open().Show());
+    QAccessibleInterface* Accessible = QAccessible::queryAccessibleInterface(Form.Grid);
+    Form.Press(Qt::Key_Down);
+    QCOMPARE(Accessible->focusChild()->text(QAccessible::Name),
+             QStringLiteral("Zip: 0002, City: City 2, People: 20, Is the capital: no"));
+    Form.Press(Qt::Key_End);
+    QCOMPARE(Accessible->focusChild()->text(QAccessible::Name),
+             QStringLiteral("Zip: 0005, City: City 5, People: 50, Is the capital: yes"));
+    QVERIFY(Accessible->focusChild()->state().focused);
+    QCOMPARE(Accessible->indexOfChild(Accessible->focusChild()), 5 * 5 + 1);
+    QCOMPARE(Accessible->child(5 * 5 + 1), Accessible->focusChild());
+    Form.Edit->setFocus();
+    QVERIFY(Accessible->focusChild() == nullptr);
+  }
+
+  void shouldTellWhatATickMeans() {
+    TSample Form(5);
+    Form.Grid->AddColumn(Form.Cities.Capital).SetWidth(16).SetAccessibleTitle("Is the capital");
+    QVERIFY(Form.Open().Show());
+    QCOMPARE(Table(Form).columnDescription(3), QStringLiteral("Is the capital"));
+    QCOMPARE(Table(Form).cellAt(4, 3)->text(QAccessible::Name), QStringLiteral("Is the capital: yes"));
+    QVERIFY(Table(Form).cellAt(4, 3)->state().checked);
+    QVERIFY(!Table(Form).cellAt(4, 3)->state().checkable);
+    QVERIFY(!Table(Form).cellAt(3, 3)->state().checked);
+  }
+
+  void shouldTickByTheCellsAction() {
+    TSample Form(5);
+    Form.Grid->AddColumn(Form.Cities.Capital).SetCheckable(true);
+    QVERIFY(Form.Open().Show());
+    std::vector<int> Ticked;
+    Form.Grid->OnToggle = [&](const TColumn* Column) { Ticked.push_back(Form.RecNo() * 10 + Column->Index()); };
+    Table(Form).cellAt(2, 3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QCOMPARE(Ticked, std::vector<int>{33});
+    QVERIFY(Table(Form).cellAt(2, 3)->state().checkable);
+    Toggle(Form, 4);  // another column's only selects
+    QCOMPARE(Ticked.size(), std::size_t{1});
+    QCOMPARE(Form.RecNo(), 5);
+  }
+
+  void shouldNumberTheCellsForAssistivePrograms() {
+    TSample Form(3);
+    QVERIFY(Form.Open().Show());
+    QAccessibleInterface* Accessible = QAccessible::queryAccessibleInterface(Form.Grid);
+    QCOMPARE(Accessible->role(), QAccessible::Table);
+    QCOMPARE(Accessible->childCount(), 4 * 4);
+    QCOMPARE(Accessible->child(2)->role(), QAccessible::ColumnHeader);
+    QCOMPARE(Accessible->child(2)->text(QAccessible::Name), QStringLiteral("City"));
+    QAccessibleInterface* Cell = Accessible->child(2 * 4 + 2);
+    QCOMPARE(Cell->text(QAccessible::Name), QStringLiteral("City 2"));
+    QCOMPARE(Cell->tableCellInterface()->columnHeaderCells().first(), Accessible->child(2));
+    QCOMPARE(Accessible->indexOfChild(Cell), 10);
+    QCOMPARE(Accessible->childAt(Cell->rect().center().x(), Cell->rect().center().y()), Cell);
+    QVERIFY(Accessible->child(0) == nullptr && Accessible->child(16) == nullptr && Accessible->child(-1) == nullptr);
+    Form.Cities.Query->Close();
+    QCOMPARE(Accessible->childCount(), 4);
+    QVERIFY(Table(Form).cellAt(0, 0) == nullptr);
+  }
+
   // However a row is selected.
 
   void shouldHaveOneRowWhoeverSelectsIt_data() {
