@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QShortcut>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -179,6 +181,10 @@ void TDocPickBase::ConnectEvents() {
   };
   rgOrderBy->OnClick = [this] { OrderClick(); };
   connect(ckbDesc, &QCheckBox::toggled, this, [this] { Guarded(this, [this] { OrderClick(); }); });
+  dbgAvail->OnKeyPress = [this](const QString& Text) { return TypeIntoFind(Text); };
+  for (const int Enter : {Qt::Key_Return, Qt::Key_Enter}) {
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Enter), this), &QShortcut::activated, actOK, &QAction::trigger);
+  }
   dbgAvail->OnTitleClick = [this](const toolkit::TColumn* Title) { dbgAvailTitleClick(Title); };
   connect(qryList_, &ads::TDataSet::Opened, this, &TDocPickBase::ShowOrder);
   dbgAvail->OnDblClick = [this] { dbgAvailDblClick(); };
@@ -442,6 +448,20 @@ void TDocPickBase::changeEvent(QEvent* Event) {
   if (Event->type() == QEvent::LayoutDirectionChange) const TLayoutScope Scope(Layout_);
 }
 
+// The keys that the find box has no use for.
+void TDocPickBase::keyPressEvent(QKeyEvent* Event) {
+  const bool IntoList = Event->key() == Qt::Key_Down || Event->key() == Qt::Key_PageDown;
+  if (IntoList && edFind->hasFocus()) return dbgAvail->setFocus(Qt::OtherFocusReason);
+  TForm::keyPressEvent(Event);
+}
+
+bool TDocPickBase::TypeIntoFind(const QString& Text) {
+  if (!edFind->isVisible()) return false;
+  edFind->setFocus(Qt::OtherFocusReason);
+  edFind->insert(Text);
+  return true;
+}
+
 void TDocPickBase::AdjustWidths() {
   const TLayoutScope Scope(Layout_);
   dbgAvail->SetClientWidth(dbgAvail->ColumnsWidth());
@@ -649,7 +669,7 @@ void TDocPickBase::TellRows() {
   if (Text == lblRows->text()) return;
   lblRows->setText(Text);
   dbgAvail->setAccessibleDescription(Text);
-  dbgAvail->setToolTip(Text);
+  dbgAvail->setToolTip(ListHint_.empty() ? Text : Text + '\n' + Shown(ListHint_));
 }
 
 // In the empty find box, and to assistive programs.
@@ -678,7 +698,9 @@ void TDocPickBase::actFindUpdate() {
 }
 
 void TDocPickBase::actFindExecute() {
-  if (actFind->isEnabled()) CallSetSQL();
+  if (!actFind->isEnabled()) return;
+  CallSetSQL();
+  edFind->selectAll();  // the next text replaces it
 }
 
 void TDocPickBase::edFindKeyPress(char Key) {

@@ -158,6 +158,12 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   }
 
   void changeEvent(QEvent* Event) override;
+  void keyPressEvent(QKeyEvent* Event) override;
+
+  /// What is typed in the list goes to the find box, and the keyboard with it. Whether there is one.
+  bool TypeIntoFind(const QString& Text);
+  /// A line below the number of rows in the list's tool tip.
+  void SetListHint(const std::string& Hint) { ListHint_ = Hint; }
 
   /// A dialog's own closing steps, once it is built and its list is open.
   virtual void AfterCreate() {}
@@ -262,6 +268,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   toolkit::TMirroredLayout Layout_{{this, pnlForm}};
   TPickChoices Choices_;
   std::vector<QCheckBox*> Boxes_;
+  std::string ListHint_;
   bool Querying_ = false;
   bool QueryAgain_ = false;
   bool SearchFailed_ = false;  // the list is the whole one because the search could not be done

@@ -2,16 +2,20 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QShortcut>
 #include <algorithm>
 
 #include "frame/uZULPickListsUtils.h"
 #include "toolkit/EventGuard.h"
+#include "zulcommon/StringTable.h"
 
 namespace uDocPickMultiBase {
 
 using toolkit::Guarded;
 
 namespace {
+
+constexpr int HowToTickText = 65539;
 
 // Holds back the grid while the cursor walks.
 class TControlsDisabled {
@@ -81,7 +85,9 @@ TDocPickMultiBase::TDocPickMultiBase() {
   dbgAvail->OnToggle = [this](toolkit::TColumn*) { TDocPickMultiBase::dbgAvailDblClick(); };
   qryList_->AfterClose = [this](ads::TDataSet&) { qryList_AfterClose(); };
   qryList_->OnCalcFields = [this](ads::TDataSet&) { qryList_CalcFields(); };
-  dbgAvail->OnKeyPress = [this](const QString& Text) { return Text == QLatin1String(" ") && dbgAvailKeyPress(' '); };
+  dbgAvail->OnKeyPress = [this](const QString& Text) {
+    return Text == QLatin1String(" ") ? dbgAvailKeyPress(' ') : TypeIntoFind(Text);
+  };
 
   connect(qryList_, &ads::TDataSet::Replaced, this, &TDocPickMultiBase::FollowTicked);
 
@@ -91,6 +97,20 @@ TDocPickMultiBase::TDocPickMultiBase() {
   mniAll->setObjectName(QStringLiteral("mniAll"));
   mniNone = popAllNone->addAction(QStringLiteral("None"), this, [this] { Guarded(this, [this] { mniNoneClick(); }); });
   mniNone->setObjectName(QStringLiteral("mniNone"));
+  SetListHint(zulcommon::LoadZULResString(HowToTickText));
+  // In the list only: the find box has a use for Ctrl+A.
+  mniAll->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A));
+  mniNone->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
+  for (QAction* Action : {mniAll, mniNone}) {
+    Action->setShortcutContext(Qt::WidgetShortcut);
+    dbgAvail->addAction(Action);
+  }
+  auto* Menu = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), dbgAvail);
+  Menu->setContext(Qt::WidgetShortcut);
+  connect(Menu, &QShortcut::activated, this, [this] {
+    const QRect Row = dbgAvail->visualRect(dbgAvail->currentIndex());
+    popAllNone->popup(dbgAvail->viewport()->mapToGlobal(Row.bottomLeft()));
+  });
   dbgAvail->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(dbgAvail, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& At) { popAllNone->popup(dbgAvail->viewport()->mapToGlobal(At)); });

@@ -32,7 +32,8 @@ class ZULPICKLISTS_EXPORT TTickedRows : public uZULPickLists::TIntegerList {
   std::vector<std::uint32_t> Times_;
 };
 
-/// The dialog in which any number of rows can be ticked, by double click, the space bar or the All and None menu.
+/// The dialog in which any number of rows can be ticked: by a click on the tick, a double click, the space bar, or the
+/// All and None menu, whose keys are Ctrl+A and Ctrl+Shift+A.
 ///
 /// A tick belongs to a row of the open list; every new search, order or direction drops all of them. A dialog adds an
 /// accessor that collects the keys of the ticked rows.

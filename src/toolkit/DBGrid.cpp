@@ -8,6 +8,7 @@
 #include <QStyleOptionFocusRect>
 #include <QStyledItemDelegate>
 #include <exception>
+#include <utility>
 
 #include "toolkit/CellText.h"
 #include "toolkit/DBGridAccessible.h"
@@ -356,9 +357,25 @@ void TDBGrid::CallDblClick() {
   if (OnDblClick && DataSet_ != nullptr && !DataSet_->IsEmpty()) Guarded(this, std::function(OnDblClick));
 }
 
+void TDBGrid::mousePressEvent(QMouseEvent* Event) {
+  QTableView::mousePressEvent(Event);
+  const QModelIndex At = indexAt(Event->position().toPoint());
+  const bool Ticks = Event->button() == Qt::LeftButton && At.isValid() && Columns_[At.column()]->Checkable();
+  Pressed_ = Ticks ? At : QModelIndex();
+}
+
+void TDBGrid::mouseReleaseEvent(QMouseEvent* Event) {
+  QTableView::mouseReleaseEvent(Event);
+  const QModelIndex At = std::exchange(Pressed_, QModelIndex());
+  if (At.isValid() && At == indexAt(Event->position().toPoint())) Toggle(At.column());
+}
+
 void TDBGrid::mouseDoubleClickEvent(QMouseEvent* Event) {
   QTableView::mouseDoubleClickEvent(Event);
-  if (Event->button() == Qt::LeftButton && indexAt(Event->position().toPoint()).isValid()) CallDblClick();
+  Pressed_ = QModelIndex();
+  const QModelIndex At = indexAt(Event->position().toPoint());
+  if (Event->button() != Qt::LeftButton || !At.isValid() || Columns_[At.column()]->Checkable()) return;
+  CallDblClick();
 }
 
 void TDBGrid::focusInEvent(QFocusEvent* Event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTableView>
 #include <cstdint>
@@ -134,7 +135,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   /// and the message is shown once the painting is over, once for each opening of the dataset.
   std::function<void(TDBGrid* Sender, const QRect& Rect, int DataCol, TColumn* Column, TGridDrawState State)>
       OnDrawColumnCell;
-  /// Called for a double click on a row and for Enter; guarded.
+  /// Called for Enter and for a double click on a row, but not on a checkable cell, which its first click has turned
+  /// over; guarded.
   std::function<void()> OnDblClick;
   /// Gets every character key typed into the grid before the grid does; true keeps it from the grid. Guarded.
   std::function<bool(const QString& Text)> OnKeyPress;
@@ -190,6 +192,8 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* Event) override;
+  void mousePressEvent(QMouseEvent* Event) override;
+  void mouseReleaseEvent(QMouseEvent* Event) override;
   void mouseDoubleClickEvent(QMouseEvent* Event) override;
   void paintEvent(QPaintEvent* Event) override;
   void focusInEvent(QFocusEvent* Event) override;
@@ -229,6 +233,7 @@ class ZULTOOLKIT_EXPORT TDBGrid : public QTableView {
   TDBGridModel* Model_;
   TDBGridColumns Columns_;
   QPainter* Canvas_ = nullptr;
+  QPersistentModelIndex Pressed_;  // the checkable cell on which the mouse went down
   std::string EmptyText_;
   const TColumn* OrderColumn_ = nullptr;
   bool OrderDescending_ = false;

@@ -134,6 +134,10 @@ class tst_DocPickBase : public QObject {
   void shouldCheckNumbers();
   void shouldSpellTheFindLineOfEachChoice_data();
   void shouldSpellTheFindLineOfEachChoice();
+  void shouldGoIntoTheListByDown();
+  void shouldTypeIntoTheFindBoxFromTheList();
+  void shouldReplaceTheTextOfTheLastSearch();
+  void shouldConfirmByCtrlEnter();
   void shouldTakeNumbersAsTheUserWritesThem_data();
   void shouldTakeNumbersAsTheUserWritesThem();
 
@@ -622,10 +626,12 @@ void tst_DocPickBase::shouldSearchOnEnterAndOnTheFindButton() {
               support::TypeFind(*Dialog, "p10000");
               QCOMPARE(Dialog->Queries, 2);
               QCOMPARE(Dialog->qryList_->RecordCount(), 9);
+              QTest::keyClick(Dialog->edFind, Qt::Key_End);
               QTest::keyClicks(Dialog->edFind, "3");
               QTest::keyClick(Dialog->edFind, Qt::Key_Enter);
               QCOMPARE(Dialog->Queries, 3);
               QCOMPARE(Column(*Dialog, "Number"), TLines{"P100003"});
+              QTest::keyClick(Dialog->edFind, Qt::Key_End);
               QTest::keyClick(Dialog->edFind, Qt::Key_Backspace);
               QTest::mouseClick(Dialog->bbnFInd, Qt::LeftButton);
               QCOMPARE(Dialog->Queries, 4);
@@ -676,6 +682,7 @@ void tst_DocPickBase::shouldShowTheWholeListWhenTheTextIsDeleted() {
             [&](TDocPickBase&) {
               support::TypeFind(*Dialog, "33");
               const int Found = Dialog->qryList_->RecordCount();
+              QTest::keyClick(Dialog->edFind, Qt::Key_End);
               QTest::keyClick(Dialog->edFind, Qt::Key_Backspace);
               QCOMPARE(Dialog->Queries, 2);
               QCOMPARE(Dialog->qryList_->RecordCount(), Found);
@@ -867,6 +874,61 @@ void tst_DocPickBase::shouldSpellTheFindLineOfEachChoice() {
   Dialog->SetSQL();
   QCOMPARE(SqlLines(*Dialog), SearchedBy(Line.toStdString()));
   QVERIFY(Dialog->qryList_->RecordCount() < 600);
+}
+
+void tst_DocPickBase::shouldGoIntoTheListByDown() {
+  const auto Dialog = NewDialog();
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              for (const Qt::Key Key : {Qt::Key_Down, Qt::Key_PageDown}) {
+                Dialog->edFind->setFocus();
+                QTest::keyClick(Dialog->edFind, Key);
+                QVERIFY(Dialog->dbgAvail->hasFocus());
+                QCOMPARE(Dialog->qryList_->RecNo(), 1);
+              }
+              Dialog->bbnCancel->setFocus();
+              QTest::keyClick(Dialog->bbnCancel, Qt::Key_PageDown);
+              QVERIFY(!Dialog->dbgAvail->hasFocus());
+            });
+}
+
+void tst_DocPickBase::shouldTypeIntoTheFindBoxFromTheList() {
+  const auto Dialog = NewDialog();
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              Dialog->dbgAvail->setFocus();
+              QTest::keyClick(Dialog->dbgAvail, 'P');
+              QVERIFY(Dialog->edFind->hasFocus());
+              QTest::keyClicks(Dialog->edFind, "1");
+              QCOMPARE(Dialog->edFind->text(), QStringLiteral("P1"));
+              QCOMPARE(Dialog->qryList_->RecordCount(), 600);
+              Dialog->gbFind->hide();
+              Dialog->dbgAvail->setFocus();
+              QTest::keyClick(Dialog->dbgAvail, 'x');
+              QVERIFY(Dialog->dbgAvail->hasFocus());
+              QCOMPARE(Dialog->edFind->text(), QStringLiteral("P1"));
+            });
+}
+
+void tst_DocPickBase::shouldReplaceTheTextOfTheLastSearch() {
+  const auto Dialog = NewDialog();
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              support::TypeFind(*Dialog, "33");
+              QCOMPARE(Dialog->edFind->selectedText(), QStringLiteral("33"));
+              QTest::keyClicks(Dialog->edFind, "44");
+              QCOMPARE(Dialog->edFind->text(), QStringLiteral("44"));
+              QTest::keyClick(Dialog->edFind, Qt::Key_Return);
+              QTest::keyClick(Dialog->edFind, Qt::Key_Down);
+              QTest::keyClick(Dialog->dbgAvail, '5');
+              QCOMPARE(Dialog->edFind->text(), QStringLiteral("5"));
+            });
+}
+
+void tst_DocPickBase::shouldConfirmByCtrlEnter() {
+  const auto Dialog = NewDialog();
+  QVERIFY(DrivePick([&] { return Dialog->ShowPick(); },
+                    [&](TDocPickBase&) { QTest::keyClick(Dialog->edFind, Qt::Key_Enter, Qt::ControlModifier); }));
 }
 
 void tst_DocPickBase::shouldTakeNumbersAsTheUserWritesThem_data() {

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
@@ -109,6 +110,11 @@ class tst_DocPickMultiBase : public QObject {
   void shouldTickBySpace();
   void shouldTickByEnterInTheGrid();
   void shouldTickByTheActionOfAnAssistiveProgram();
+  void shouldTickByAClickOnTheTick();
+  void shouldTickAllAndNoneByShortcuts();
+  void shouldOpenTheMenuByShiftF10();
+  void shouldConfirmByCtrlEnterFromEverywhere();
+  void shouldTellHowToTick();
   void shouldLeaveOtherKeysAlone();
   void shouldKeepTheOrderOfTheTicks();
   void shouldAllowOKOnlyWithATick();
@@ -244,6 +250,93 @@ void tst_DocPickMultiBase::shouldTickByTheActionOfAnAssistiveProgram() {
               Tick->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
               QCOMPARE(Dialog->TickedRows.Count(), 0);
             });
+}
+
+void tst_DocPickMultiBase::shouldTickByAClickOnTheTick() {
+  TTestCompany Company;
+  const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              const auto Cell = [&](int Row, int Column) {
+                return Dialog->dbgAvail->visualRect(Dialog->dbgAvail->model()->index(Row, Column)).center();
+              };
+              QWidget* List = Dialog->dbgAvail->viewport();
+              QTest::mouseClick(List, Qt::LeftButton, {}, Cell(2, 0));
+              QVERIFY(Dialog->TickedRows.Contains(3));
+              QCOMPARE(Dialog->qryList_->RecNo(), 3);
+              QTest::mouseClick(List, Qt::LeftButton, {}, Cell(4, 1));
+              QTest::mouseClick(List, Qt::RightButton, {}, Cell(4, 0));
+              QCOMPARE(Dialog->TickedRows.Count(), 1);
+              // Pressed on one tick and let go on another.
+              QTest::mousePress(List, Qt::LeftButton, {}, Cell(5, 0));
+              QTest::mouseRelease(List, Qt::LeftButton, {}, Cell(6, 0));
+              QCOMPARE(Dialog->TickedRows.Count(), 1);
+              // A double click, as it comes: down, up, double, up.
+              for (const int Column : {0, 1}) {
+                const int Before = Dialog->TickedRows.Count();
+                QTest::mouseClick(List, Qt::LeftButton, {}, Cell(7, Column));
+                QTest::mouseDClick(List, Qt::LeftButton, {}, Cell(7, Column));
+                QTest::mouseRelease(List, Qt::LeftButton, {}, Cell(7, Column));
+                QCOMPARE(std::abs(Dialog->TickedRows.Count() - Before), 1);
+              }
+            });
+}
+
+void tst_DocPickMultiBase::shouldTickAllAndNoneByShortcuts() {
+  TTestCompany Company;
+  const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              Dialog->dbgAvail->setFocus();
+              QTest::keyClick(Dialog->dbgAvail, Qt::Key_A, Qt::ControlModifier);
+              QCOMPARE(Dialog->TickedRows.Count(), Dialog->qryList_->RecordCount());
+              QTest::keyClick(Dialog->dbgAvail, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+              QCOMPARE(Dialog->TickedRows.Count(), 0);
+              support::TypeFind(*Dialog, "a");
+              QTest::keyClicks(Dialog->edFind, "bc");
+              QTest::keyClick(Dialog->edFind, Qt::Key_A, Qt::ControlModifier);
+              QCOMPARE(Dialog->TickedRows.Count(), 0);
+              QCOMPARE(Dialog->edFind->selectedText(), QStringLiteral("bc"));
+            });
+}
+
+void tst_DocPickMultiBase::shouldOpenTheMenuByShiftF10() {
+  TTestCompany Company;
+  const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              Dialog->dbgAvail->setFocus();
+              QTest::keyClick(Dialog->dbgAvail, Qt::Key_F10, Qt::ShiftModifier);
+              QVERIFY(Dialog->popAllNone->isVisible());
+              Dialog->popAllNone->hide();
+            });
+}
+
+void tst_DocPickMultiBase::shouldConfirmByCtrlEnterFromEverywhere() {
+  for (const char* From : {"edFind", "dbgAvail", "ckbDesc", "bbnCancel"}) {
+    TTestCompany Company;
+    const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+    const bool Chosen = DrivePick([&] { return Dialog->ShowPick(); },
+                                  [&](TDocPickBase&) {
+                                    auto* Widget = Dialog->findChild<QWidget*>(From);
+                                    Widget->setFocus();
+                                    QTest::keyClick(Widget, Qt::Key_Return, Qt::ControlModifier);
+                                    QVERIFY(Dialog->isVisible());  // nothing is ticked
+                                    support::DoubleClickRow(*Dialog, 1);
+                                    Widget->setFocus();
+                                    QTest::keyClick(Widget, Qt::Key_Return, Qt::ControlModifier);
+                                  });
+    QVERIFY2(Chosen, From);
+  }
+}
+
+void tst_DocPickMultiBase::shouldTellHowToTick() {
+  TTestCompany Company;
+  const auto Dialog = TSuburbsDialog::Create(Company.Connection());
+  const QStringList Lines = Dialog->dbgAvail->toolTip().split('\n');
+  QCOMPARE(Lines.size(), 2);
+  QVERIFY(Lines[0].endsWith(" rows"));
+  QVERIFY(Lines[1].contains("space bar"));
 }
 
 void tst_DocPickMultiBase::shouldLeaveOtherKeysAlone() {
