@@ -22,9 +22,9 @@ double SecondsSince(TClock::time_point Start) {
   return std::chrono::duration<double>(TClock::now() - Start).count();
 }
 
-double Median(std::vector<double> Values) {
-  std::sort(Values.begin(), Values.end());
-  return Values.empty() ? 0 : Values[Values.size() / 2];
+// What other programs have disturbed the least.
+double Best(const std::vector<double>& Values) {
+  return Values.empty() ? 0 : *std::min_element(Values.begin(), Values.end());
 }
 
 // How long the event dispatcher is left alone while this lives, from one time that it is awake to the next.
@@ -41,15 +41,21 @@ class TSilence {
     Note();
     return Longest_;
   }
+  double LongestOfProcessor() const { return LongestOfProcessor_; }
 
  private:
   void Note() {
     Longest_ = std::max(Longest_, SecondsSince(Last_));
+    const double Processor = ProcessorSeconds();
+    LongestOfProcessor_ = std::max(LongestOfProcessor_, Processor - LastProcessor_);
+    LastProcessor_ = Processor;
     Last_ = TClock::now();
   }
 
   TClock::time_point Last_ = TClock::now();
+  double LastProcessor_ = ProcessorSeconds();
   double Longest_ = 0;
+  double LongestOfProcessor_ = 0;
   QMetaObject::Connection Connection_;
 };
 
@@ -59,6 +65,7 @@ struct TOpening {
   double Whole = 0;
   double Processor = 0;
   double Silence = 0;
+  double SilenceOfProcessor = 0;
   int Rows = 0;
   std::size_t Snapshot = 0;
 };
@@ -109,6 +116,7 @@ TOpening Open(const TCreate& Create) {
   Dialog->ShowPick();
   Opening.Processor = ProcessorSeconds() - Before;
   Opening.Silence = Silence.Longest();
+  Opening.SilenceOfProcessor = Silence.LongestOfProcessor();
   Opening.Rows = Dialog->qryList_->KnownRows();
   Opening.Snapshot = Dialog->qryList_->SnapshotBytes();
   return Opening;
@@ -173,6 +181,7 @@ void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const T
   TPlainRun Run = RunPlainly();  // both find the data in the cache
   TOpening Opening;
   double Silence = 0;
+  double SilenceOfProcessor = 0;
   for ([[maybe_unused]] auto _ : State) {
     Run = RunPlainly();
     Plain.push_back(Run.Seconds);
@@ -182,6 +191,7 @@ void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const T
     Whole.push_back(Opening.Whole);
     Processor.push_back(Opening.Processor);
     Silence = std::max(Silence, Opening.Silence);
+    SilenceOfProcessor = std::max(SilenceOfProcessor, Opening.SilenceOfProcessor);
     Asked.push_back(Ask(Create));
     State.SetIterationTime(Opening.Whole);
     if (Opening.Rows != Run.Rows) State.SkipWithError("The pick lists other rows than the plain run.");
@@ -190,15 +200,16 @@ void MeasureList(benchmark::State& State, const TRunPlainly& RunPlainly, const T
     State.counters["stop_ms"] = Stop(Create, Opening.FirstPage / 3) * 1000;
     State.counters["leave_ms"] = Leave(Create, (Opening.FirstPage * 2 + Opening.Whole) / 3) * 1000;
   }
-  const auto Ratio = [&Plain](const std::vector<double>& Values) { return Median(Values) / Median(Plain); };
+  const auto Ratio = [&Plain](const std::vector<double>& Values) { return Best(Values) / Best(Plain); };
   State.counters["rows"] = static_cast<double>(Run.Rows);
-  State.counters["plain_ms"] = Median(Plain) * 1000;
-  State.counters["first_page_ms"] = Median(First) * 1000;
+  State.counters["plain_ms"] = Best(Plain) * 1000;
+  State.counters["first_page_ms"] = Best(First) * 1000;
   State.counters["first_page_ratio"] = Ratio(First);
   State.counters["whole_ratio"] = Ratio(Whole);
   State.counters["asked_ratio"] = Ratio(Asked);
   State.counters["silence_ms"] = Silence * 1000;
-  if (Run.ProcessorSeconds > 0) State.counters["whole_processor_ratio"] = Median(Processor) / Median(PlainProcessor);
+  State.counters["silence_processor_ms"] = SilenceOfProcessor * 1000;
+  if (Run.ProcessorSeconds > 0) State.counters["whole_processor_ratio"] = Best(Processor) / Best(PlainProcessor);
   State.counters["snapshot_of_allowed"] = static_cast<double>(Opening.Snapshot) /
                                           (1.5 * static_cast<double>(Run.Bytes) + 16.0 * static_cast<double>(Run.Rows));
 }
@@ -220,9 +231,9 @@ void MeasureRequery(benchmark::State& State, const TRunPlainly& RunPlainly, TDoc
     if (Rows != Run.Rows) State.SkipWithError("The pick lists other rows than the plain run.");
   }
   State.counters["rows"] = static_cast<double>(Run.Rows);
-  State.counters["plain_ms"] = Median(Plain) * 1000;
-  State.counters["first_page_ratio"] = Median(First) / Median(Plain);
-  State.counters["asked_ratio"] = Median(Asked) / Median(Plain);
+  State.counters["plain_ms"] = Best(Plain) * 1000;
+  State.counters["first_page_ratio"] = Best(First) / Best(Plain);
+  State.counters["asked_ratio"] = Best(Asked) / Best(Plain);
 }
 
 }  // namespace bench

@@ -45,7 +45,7 @@ bench::TRunPlainly Plainly(const std::string& Sql, int Columns) {
 void OpenCustomersByCompany(benchmark::State& State) {
   bench::MeasureList(State, Plainly(CustomerSql("C.Company"), 6), Customers);
 }
-BENCHMARK(OpenCustomersByCompany)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenCustomersByCompany)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 void CustomersByAddress(benchmark::State& State) {
   const auto Dialog = Reordered(Customers(), 3);

@@ -173,13 +173,13 @@ void OpenCustomersOnPostgreSQL(benchmark::State& State) {
   MeasureOnServer(
       State, [] { return TfrmPickCustomer::Create(Server().Connection(), false, "", true, false); }, 6);
 }
-BENCHMARK(OpenCustomersOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenCustomersOnPostgreSQL)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 void OpenJobsOnPostgreSQL(benchmark::State& State) {
   MeasureOnServer(
       State, [] { return uPickJob::TfrmPickJob::Create(Server().Connection()); }, 2);
 }
-BENCHMARK(OpenJobsOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenJobsOnPostgreSQL)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 void OpenDocumentsOnPostgreSQL(benchmark::State& State) {
   zulcommon::TDocTypes All;
@@ -199,6 +199,6 @@ void OpenStockOnPostgreSQL(benchmark::State& State) {
   MeasureOnServer(
       State, [] { return uPickItemAndLocation::TfrmPickItemAndLocation::Create("BENCH", Server().Connection()); }, 8);
 }
-BENCHMARK(OpenStockOnPostgreSQL)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenStockOnPostgreSQL)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 }  // namespace
