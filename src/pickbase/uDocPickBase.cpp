@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QThread>
 #include <QTimer>
@@ -282,11 +284,14 @@ void TDocPickBase::ReadSys() {
   tblSys_->Close();
 }
 
-// Makes the list as high as the choices beside it when there are so many of them that they would not fit otherwise.
+// Makes the list as high as the choices beside it when there are so many of them that they would not fit otherwise, by
+// whole rows.
 void TDocPickBase::FitList() {
   const int Bottom = rgFindBy->y() + ChoicesHeight(*rgFindBy) + ChoicesHeight(*rgOrderBy) +
                      BoxHeight * (1 + static_cast<int>(Boxes_.size()));
-  gbList->resize(gbList->width(), std::max(ListHeight, Bottom - gbList->y()));
+  const int Row = dbgAvail->verticalHeader()->defaultSectionSize();
+  const int Rows = std::max(Bottom - gbList->y() - ListHeight + Row - 1, 0) / Row;
+  gbList->resize(gbList->width(), ListHeight + Rows * Row);
   dbgAvail->resize(dbgAvail->width(), gbList->height() - ListPadding - Gap);
 }
 
@@ -464,6 +469,7 @@ bool TDocPickBase::TypeIntoFind(const QString& Text) {
 
 void TDocPickBase::AdjustWidths() {
   const TLayoutScope Scope(Layout_);
+  dbgAvail->resize(dbgAvail->width(), gbList->height() - ListPadding - Gap);
   dbgAvail->SetClientWidth(dbgAvail->ColumnsWidth());
   int Width = PlaceBesideList();
   // On a screen that is too narrow for it the list gives way and is scrolled sideways: OK, Cancel and the find box are
@@ -471,12 +477,19 @@ void TDocPickBase::AdjustWidths() {
   const QScreen* Screen = CallersScreen(this);
   if (Screen != nullptr && Width > Screen->availableGeometry().width()) {
     const int Missing = Width - Screen->availableGeometry().width();
-    dbgAvail->resize(std::max(dbgAvail->width() - Missing, NarrowestList), dbgAvail->height());
+    dbgAvail->resize(std::max(dbgAvail->width() - Missing, NarrowestList), WholeRowsHeight());
     Width = PlaceBesideList();
   }
   SetClientSize(Width, gbList->y() + gbList->height() + Gap);
   PlacePanels();
   uZULPickListsUtils::CenterFormOnScreen(this);
+}
+
+// The height of a list that is scrolled sideways: what the scroll bar leaves of it, without a row that is cut off.
+int TDocPickBase::WholeRowsHeight() const {
+  const QScrollBar& Bar = *dbgAvail->horizontalScrollBar();
+  const int Room = dbgAvail->maximumViewportSize().height() - Bar.sizeHint().height();
+  return dbgAvail->height() - Room % dbgAvail->verticalHeader()->defaultSectionSize();
 }
 
 // What stands beside the list, as wide as that is now. Returns the width that the form needs.

@@ -244,6 +244,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void ReadSys();
   void FitList();
   int PlaceBesideList();
+  int WholeRowsHeight() const;
   void PlacePanels();
   static void RequireUserInterface();
   void NameAfterClass();

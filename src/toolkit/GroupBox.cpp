@@ -14,6 +14,7 @@ namespace toolkit {
 namespace {
 
 constexpr int TitleLeft = 8;
+constexpr int TitleRight = 4;  // at least, of a long title
 constexpr int TitleGap = 2;  // between the title and the frame's line
 constexpr qreal CornerRadius = 2;
 
@@ -23,7 +24,8 @@ TGroupBox::TGroupBox(QWidget* Parent) : QGroupBox(Parent) {}
 TGroupBox::~TGroupBox() = default;
 
 QString TGroupBox::ShownTitle() const {
-  return fontMetrics().elidedText(title(), Qt::ElideRight, std::max(width() - 2 * TitleLeft, 0), Qt::TextShowMnemonic);
+  return fontMetrics().elidedText(title(), Qt::ElideRight, std::max(width() - TitleLeft - TitleRight, 0),
+                                  Qt::TextShowMnemonic);
 }
 
 // A title that does not fit is to be read in its tool tip.

@@ -1,5 +1,6 @@
 // Where dialogs open on a system of two screens, and how they fit on a narrow one.
 #include <QApplication>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -122,6 +123,13 @@ void tst_Screens::shouldKeepEverythingInReachOnANarrowScreen() {
   QCOMPARE(Pick->width(), std::min(Wide->width(), Small.width()));
   QVERIFY(Small.contains(Pick->geometry()));
   QCOMPARE(OutOfReach(*Pick), QString());
+  for (const TDocPickBase* Each : {Wide.get(), Pick.get()}) {
+    const int Titles = Each->dbgAvail->horizontalHeader()->height();
+    const int Bar =
+        Each == Pick.get() && Wide->width() > Small.width() ? Each->dbgAvail->horizontalScrollBar()->height() : 0;
+    const int Rows = Each->dbgAvail->height() - 2 * Each->dbgAvail->frameWidth() - Titles - Bar;
+    QCOMPARE(Rows % Each->dbgAvail->rowHeight(0), 0);
+  }
   QCOMPARE(Pick->dbgAvail->horizontalScrollBar()->isVisible(), Wide->width() > Small.width());
   if (Wide->width() <= Small.width()) QCOMPARE(Pick->dbgAvail->size(), Wide->dbgAvail->size());
 }
