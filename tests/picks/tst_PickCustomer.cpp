@@ -183,7 +183,7 @@ void tst_PickCustomer::shouldShowCustomers() {
   QCOMPARE(Columns[5]->Alignment(), TAlignment::taCenter);
   QCOMPARE(Columns[5]->TitleAlignment(), TAlignment::taCenter);
   QCOMPARE(Text(Columns[5]->Title()), QString("I"));
-  const QString Choices = "Cust ID | First Name | Company | Address | Phone";
+  const QString Choices = "Cust. ID | First Name | Company | Address | Phone";
   QCOMPARE(Joined(Items(*Dialog->rgFindBy)), Choices);
   QCOMPARE(Joined(Items(*Dialog->rgOrderBy)), Choices);
   QCOMPARE(Dialog->rgFindBy->ItemIndex(), 2);

@@ -191,8 +191,8 @@ void tst_PickEmails::shouldShowVendors() {
   }
   QCOMPARE(Text(Columns[3]->Title()), QString("C"));
   QCOMPARE(Text(Columns[4]->Title()), QString("I"));
-  QCOMPARE(Joined(Items(*Dialog->rgFindBy)), QString("Vend ID | Company | Email"));
-  QCOMPARE(Joined(Items(*Dialog->rgOrderBy)), QString("Vend ID | Company | Email"));
+  QCOMPARE(Joined(Items(*Dialog->rgFindBy)), QString("Vend. ID | Company | Email"));
+  QCOMPARE(Joined(Items(*Dialog->rgOrderBy)), QString("Vend. ID | Company | Email"));
   QCOMPARE(Dialog->rgFindBy->ItemIndex(), 1);
   QCOMPARE(Dialog->rgOrderBy->ItemIndex(), 1);
   QCOMPARE(Dialog->ckbInactive->text(), QString("Inactive"));

@@ -126,7 +126,7 @@ void tst_PickVendors::shouldShowVendors() {
   }
   QCOMPARE(Text(Columns[5]->Title()), QString("C"));
   QCOMPARE(Text(Columns[6]->Title()), QString("I"));
-  const QString Choices = "Vend ID | Company | Address | Postcode | Phone";
+  const QString Choices = "Vend. ID | Company | Address | Postcode | Phone";
   QCOMPARE(Joined(Items(*Dialog->rgFindBy)), Choices);
   QCOMPARE(Joined(Items(*Dialog->rgOrderBy)), Choices);
   QCOMPARE(Dialog->rgFindBy->ItemIndex(), 1);
