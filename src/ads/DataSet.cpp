@@ -230,10 +230,16 @@ bool TDataSet::ReadToEnd() {
   if (IsWaiting_) return false;
   const QPointer<TDataSet> StillThere(this);
   const TWaiting Waiting(*this);
-  while (Reading_ != nullptr) {
-    ReadPortion(OnProgress ? TClock::now() + WaitingPortion : TClock::time_point::max());
-    if (Reading_ == nullptr) break;
-    if (!KeepWaiting(*Reading_) || StillThere == nullptr) return false;
+  try {
+    while (Reading_ != nullptr) {
+      ReadPortion(OnProgress ? TClock::now() + WaitingPortion : TClock::time_point::max());
+      if (Reading_ == nullptr) break;
+      if (!KeepWaiting(*Reading_) || StillThere == nullptr) return false;
+    }
+  } catch (...) {
+    // Who tells of it may wait for what was held.
+    if (StillThere != nullptr) LetGo(TRest::WhenWanted);
+    throw;
   }
   return true;
 }
