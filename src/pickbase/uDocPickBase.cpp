@@ -463,6 +463,7 @@ void TDocPickBase::keyPressEvent(QKeyEvent* Event) {
 bool TDocPickBase::TypeIntoFind(const QString& Text) {
   if (!edFind->isVisible()) return false;
   edFind->setFocus(Qt::OtherFocusReason);
+  if (edFind->text() == Searched_) edFind->selectAll();  // a box that loses the focus loses its selection
   edFind->insert(Text);
   return true;
 }
@@ -713,6 +714,7 @@ void TDocPickBase::actFindUpdate() {
 void TDocPickBase::actFindExecute() {
   if (!actFind->isEnabled()) return;
   CallSetSQL();
+  Searched_ = edFind->text();
   edFind->selectAll();  // the next text replaces it
 }
 

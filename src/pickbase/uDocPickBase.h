@@ -272,6 +272,7 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   std::string ListHint_;
   bool Querying_ = false;
   bool QueryAgain_ = false;
+  QString Searched_;           // the text of the last search, as it was typed
   bool SearchFailed_ = false;  // the list is the whole one because the search could not be done
   bool HasSearched_ = false;   // the list is what was found
   pickbase::TPickCall* Call_ = nullptr;  // that has asked for the dialog, and may have ended since
