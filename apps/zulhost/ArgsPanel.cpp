@@ -20,6 +20,13 @@ QString Shown(const std::string& Text) {
   return QString::fromStdString(Text);
 }
 
+// "filter-by-entity" is asked for as "Filter by entity".
+QString InWords(const std::string& ArgName) {
+  QString Text = Shown(ArgName);
+  Text.replace(u'-', u' ');
+  return Text.left(1).toUpper() + Text.mid(1);
+}
+
 void Name(QWidget* Widget, const TArg& Arg) {
   Widget->setObjectName(Shown(Arg.Name));
   Widget->setAccessibleName(Shown(Arg.Name));
@@ -34,11 +41,10 @@ TArgsPanel::TArgsPanel(const catalog::TPick& Pick, QWidget* Parent) : QWidget(Pa
   if (Pick.Args.empty()) Layout->addRow(new QLabel(tr("This function takes nothing but the connection."), this));
   for (const TArg& Arg : Pick.Args) {
     Editors_.push_back(CreateEditor(Arg));
-    Layout->addRow(Shown(Arg.Name), Editors_.back().Widget);
+    Layout->addRow(InWords(Arg.Name) + ':', Editors_.back().Widget);
     auto* Help = new QLabel(Shown(Arg.Help), this);
     Help->setTextFormat(Qt::PlainText);
     Help->setWordWrap(true);
-    Help->setEnabled(false);
     Layout->addRow(QString(), Help);
   }
   Show(TArgs(Pick.Args));

@@ -5,17 +5,14 @@
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
+#include "apps/zulhost/PickFilter.h"
+
 namespace zulhost {
 
 namespace {
 
 const catalog::TPick* PickOf(const QTreeWidgetItem* Item) {
   return Item == nullptr ? nullptr : Item->data(0, Qt::UserRole).value<const catalog::TPick*>();
-}
-
-bool Fits(const catalog::TPick& Pick, const QString& Text) {
-  const QString All = QString::fromStdString(Pick.Name + ' ' + Pick.Function + ' ' + Pick.Help);
-  return All.contains(Text.trimmed(), Qt::CaseInsensitive);
 }
 
 }  // namespace
@@ -69,18 +66,26 @@ void TPickTree::Choose(const catalog::TPick& Pick) {
   }
 }
 
+// What fits best becomes the chosen one.
 void TPickTree::Filter(const QString& Text) {
+  QTreeWidgetItem* Best = nullptr;
+  int Least = 0;
   for (int Index = 0; Index < Tree_->topLevelItemCount(); ++Index) {
     QTreeWidgetItem* Group = Tree_->topLevelItem(Index);
     bool Any = false;
     for (int Child = 0; Child < Group->childCount(); ++Child) {
-      const bool Shown = Fits(*PickOf(Group->child(Child)), Text);
-      Group->child(Child)->setHidden(!Shown);
-      Any = Any || Shown;
+      QTreeWidgetItem* Item = Group->child(Child);
+      const std::optional<int> How = Misfit(*PickOf(Item), Text);
+      Item->setHidden(!How);
+      Any = Any || How;
+      if (!How || (Best != nullptr && *How >= Least)) continue;
+      Best = Item;
+      Least = *How;
     }
     Group->setHidden(!Any);
   }
-  if (Pick() == nullptr) Tree_->setCurrentItem(FirstShown());
+  const bool Typed = !Text.trimmed().isEmpty();
+  if (Typed || Pick() == nullptr) Tree_->setCurrentItem(Typed ? Best : FirstShown());
 }
 
 QTreeWidgetItem* TPickTree::FirstShown() const {

@@ -9,7 +9,8 @@ class QLineEdit;
 
 namespace zulhost {
 
-/// Every pick of a catalog by group, with a box that narrows them by a part of the name, the function or what it picks.
+/// Every pick of a catalog by group, with a box that narrows them by words of the name, the function or what it picks.
+/// What fits best is chosen.
 class TPickTree : public QWidget {
   Q_OBJECT
  public:

@@ -8,6 +8,7 @@
 #include "apps/catalog/CommandLine.h"
 #include "apps/catalog/Help.h"
 #include "apps/zulhost/HostWindow.h"
+#include "pickbase/PickIcon.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ int Run(const catalog::TCommandLine& CommandLine, char* Program) {
   int ArgCount = 1;
   char* ArgValues[] = {Program, nullptr};
   const QApplication Application(ArgCount, ArgValues);
+  QApplication::setWindowIcon(pickbase::PickIcon());
   // The file dialog would write down the folders that were visited.
   const QTemporaryDir Settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Settings.path());

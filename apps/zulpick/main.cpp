@@ -8,6 +8,7 @@
 #include "apps/catalog/CommandLine.h"
 #include "apps/catalog/Help.h"
 #include "apps/catalog/OpenDatabase.h"
+#include "pickbase/PickIcon.h"
 
 namespace {
 
@@ -60,6 +61,7 @@ int Start(const catalog::TCommandLine& CommandLine, char* Program) {
   int ArgCount = 1;
   char* ArgValues[] = {Program, nullptr};
   const QApplication Application(ArgCount, ArgValues);
+  QApplication::setWindowIcon(pickbase::PickIcon());
   catalog::ApplyTexts(CommandLine);
   try {
     return Run(CommandLine);

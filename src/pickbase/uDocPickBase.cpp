@@ -26,6 +26,7 @@
 #include "frame/uZULPickListsUtils.h"
 #include "frame/uZULPickPlsWait.h"
 #include "pickbase/PickCall.h"
+#include "pickbase/PickIcon.h"
 #include "pickbase/TitleMeanings.h"
 #include "toolkit/ActionButton.h"
 #include "toolkit/CheckBox.h"
@@ -106,6 +107,7 @@ TDocPickBase::TDocPickBase() : pnlForm(Named(new QWidget(this), "pnlForm")) {
   CreateSys();
   ConnectEvents();
   SetClientSize(726, 519);
+  if (QApplication::windowIcon().isNull()) setWindowIcon(pickbase::PickIcon());
   PlacePanels();
 }
 

@@ -1,4 +1,6 @@
+#include "apps/zulhost/ArgsPanel.h"
 #include "apps/zulhost/HostWindow.h"
+#include "apps/zulhost/PickTree.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -85,6 +87,9 @@ class tst_HostWindow : public QObject {
   void shouldPassWhatTheControlsHold();
   void shouldShowTheArgumentsThatAreGiven();
   void shouldNarrowThePicksByTheFilter();
+  void shouldAskForArgumentsInWords();
+  void shouldChooseWhatFitsBest_data();
+  void shouldChooseWhatFitsBest();
   void shouldNotCallWithoutADatabase();
   void shouldKeepTheDatabaseWhenAnotherCannotBeOpened();
   void shouldReachEveryControlWithTheTabKey();
@@ -168,6 +173,44 @@ void tst_HostWindow::shouldShowTheArgumentsThatAreGiven() {
   QVERIFY(Host.Find<QCheckBox>("red")->isChecked());
   QVERIFY(!Host.Find<QCheckBox>("blue")->isChecked());
   QCOMPARE(Host.Find<QComboBox>("colour")->currentText(), QStringLiteral("green"));
+}
+
+void tst_HostWindow::shouldAskForArgumentsInWords() {
+  const zulhost::TArgsPanel Panel(*catalog::FullCatalog().Find("customer"));
+  QStringList Labels;
+  for (const QLabel* Label : Panel.findChildren<QLabel*>()) {
+    QVERIFY(Label->isEnabled());
+    Labels.append(Label->text());
+  }
+  QVERIFY(Labels.contains("Filter by entity:"));
+  QVERIFY(Panel.findChild<QCheckBox*>("filter-by-entity") != nullptr);
+}
+
+void tst_HostWindow::shouldChooseWhatFitsBest_data() {
+  QTest::addColumn<QString>("Typed");
+  QTest::addColumn<QString>("Name");
+  for (const char* Name : {"po", "city", "customer", "vendor", "user", "job", "state"}) {
+    QTest::newRow(Name) << QString(Name) << QString(Name);
+  }
+  QTest::newRow("PO") << "PO"
+                      << "po";
+  QTest::newRow("kit") << "kit"
+                       << "kit-option";
+  QTest::newRow("two words") << "email vendor"
+                             << "vendor-email";
+  QTest::newRow("the function") << "CallPickCity"
+                                << "city";
+  QTest::newRow("what it picks") << "postcode"
+                                 << "city";
+}
+
+void tst_HostWindow::shouldChooseWhatFitsBest() {
+  QFETCH(QString, Typed);
+  QFETCH(QString, Name);
+  zulhost::TPickTree Tree(catalog::FullCatalog());
+  Tree.findChild<QLineEdit*>("Filter")->setText(Typed);
+  QVERIFY(Tree.Pick() != nullptr);
+  QCOMPARE(QString::fromStdString(Tree.Pick()->Name), Name);
 }
 
 void tst_HostWindow::shouldNarrowThePicksByTheFilter() {

@@ -303,6 +303,7 @@ void tst_AllPicks::shouldEachHaveANameOfItsOwn() {
     const auto& Object = *Dialog;
     QCOMPARE(QString(Dialog->metaObject()->className()), QString::fromStdString(Demangled(typeid(Object).name())));
     const QString Class = Dialog->metaObject()->className();
+    QVERIFY(!Dialog->windowIcon().isNull());
     QCOMPARE("T" + Dialog->objectName(), Class.mid(Class.lastIndexOf(u':') + 1));
     QVERIFY(!Names.contains(Class) || Names[Class] == Dialog->objectName());
     Names[Class] = Dialog->objectName();
