@@ -380,7 +380,13 @@ void TDBGrid::mouseDoubleClickEvent(QMouseEvent* Event) {
 
 void TDBGrid::focusInEvent(QFocusEvent* Event) {
   QTableView::focusInEvent(Event);
-  TellCurrentRow();
+  // After the grid itself was told to have the focus, so that the row is what is heard last.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (hasFocus()) TellCurrentRow();
+      },
+      Qt::QueuedConnection);
   viewport()->update();
 }
 
