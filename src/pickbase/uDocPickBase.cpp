@@ -1,5 +1,6 @@
 #include "pickbase/uDocPickBase.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -66,6 +67,8 @@ constexpr int AvailableCaptionText = 65522;  // "Available %s"
 constexpr int NoDateText = 6023;
 constexpr int NoNumberText = 6097;
 constexpr int RetrievingText = 5000;
+
+constexpr char NothingFound[] = "Nothing found";
 
 constexpr int Gap = 4;
 constexpr int ListHeight = 328;
@@ -681,7 +684,13 @@ void TDocPickBase::TellRows() {
   if (SearchFailed_) {
     Text = QStringLiteral("The search could not be done. All %1").arg(Text.isEmpty() ? QStringLiteral("rows") : Text);
   }
-  dbgAvail->SetEmptyText(HasSearched_ ? "Nothing found" : "");
+  const bool IsNothing = HasSearched_ && qryList_->Active() && qryList_->IsEmpty();
+  dbgAvail->SetEmptyText(IsNothing ? NothingFound : "");
+  lblRows->setAccessibleName(IsNothing ? QString::fromLatin1(NothingFound) : Text);
+  if (IsNothing) {
+    QAccessibleEvent Announced(lblRows, QAccessible::Alert);
+    QAccessible::updateAccessibility(&Announced);
+  }
   if (Text == lblRows->text()) return;
   lblRows->setText(Text);
   dbgAvail->setAccessibleDescription(Text);

@@ -136,6 +136,7 @@ class tst_DocPickBase : public QObject {
   void shouldSpellTheFindLineOfEachChoice();
   void shouldGoIntoTheListByDown();
   void shouldTypeIntoTheFindBoxFromTheList();
+  void shouldSayInTheListThatNothingWasFound();
   void shouldReplaceTheTextOfTheLastSearch();
   void shouldConfirmByCtrlEnter();
   void shouldTakeNumbersAsTheUserWritesThem_data();
@@ -907,6 +908,25 @@ void tst_DocPickBase::shouldTypeIntoTheFindBoxFromTheList() {
               QTest::keyClick(Dialog->dbgAvail, 'x');
               QVERIFY(Dialog->dbgAvail->hasFocus());
               QCOMPARE(Dialog->edFind->text(), QStringLiteral("P1"));
+            });
+}
+
+void tst_DocPickBase::shouldSayInTheListThatNothingWasFound() {
+  const auto Dialog = NewDialog();
+  QCOMPARE(Dialog->dbgAvail->EmptyText(), std::string());
+  DrivePick([&] { return Dialog->ShowPick(); },
+            [&](TDocPickBase&) {
+              support::TypeFind(*Dialog, "is not to be found");
+              QCOMPARE(Dialog->qryList_->RecordCount(), 0);
+              QCOMPARE(Dialog->dbgAvail->EmptyText(), std::string("Nothing found"));
+              QCOMPARE(Dialog->lblRows->text(), QStringLiteral("0 rows"));
+              QCOMPARE(Dialog->lblRows->accessibleName(), QStringLiteral("Nothing found"));
+              const QImage Told = Dialog->dbgAvail->viewport()->grab().toImage();
+              Dialog->dbgAvail->SetEmptyText("");
+              QVERIFY(Told != Dialog->dbgAvail->viewport()->grab().toImage());
+              support::TypeFind(*Dialog, "p10000");
+              QCOMPARE(Dialog->dbgAvail->EmptyText(), std::string());
+              QCOMPARE(Dialog->lblRows->accessibleName(), Dialog->lblRows->text());
             });
 }
 
