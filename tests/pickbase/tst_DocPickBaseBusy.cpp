@@ -57,6 +57,7 @@ class tst_DocPickBaseBusy : public QObject {
   void shouldNotQueryWhenTheWindowWasClosedBefore();
   void shouldScrollTheOldListMeanwhile();
   void shouldKeepTheOldListWhenReadingFailsHalfway();
+  void shouldQueryOnceMoreWhenTheQueryThatRunsFails();
   void shouldQueryAgainAfterAFailureMeanwhile();
   void shouldNotLetTheWaitWindowBeClosed();
 
@@ -241,6 +242,23 @@ void tst_DocPickBaseBusy::shouldKeepTheOldListWhenReadingFailsHalfway() {
   QCOMPARE(Dialog_->qryList_->RecordCount(), 600);
   QCOMPARE(Column(*Dialog_, "Number").at(589), std::string("P100590"));
   QVERIFY(Dialog_->actOK->isEnabled());
+}
+
+// What was asked for meanwhile is done, and the failure is of no interest any more.
+void tst_DocPickBaseBusy::shouldQueryOnceMoreWhenTheQueryThatRunsFails() {
+  Dialog_->Plainly = true;
+  Dialog_->NumberColumn = "host_slow(Number, 'P100590') Number";
+  TErrorBoxes Boxes;
+  Search("p1", [&] {
+    support::ChooseOrderBy(*Dialog_, TPurchaseDialog::ByDate);
+    Dialog_->InSetSQL = [&] { Dialog_->NumberColumn = "Number"; };
+  });
+  QVERIFY(Happened_);
+  QCOMPARE(Boxes.Messages(), TLines{});
+  QCOMPARE(Dialog_->Queries, 3);
+  const TLines Dates = Column(*Dialog_, "Date");
+  QCOMPARE(Dates.size(), std::size_t{600});
+  QVERIFY(std::is_sorted(Dates.begin(), Dates.end()));
 }
 
 void tst_DocPickBaseBusy::shouldQueryAgainAfterAFailureMeanwhile() {
