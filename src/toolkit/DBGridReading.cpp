@@ -43,7 +43,7 @@ bool TDBGrid::IsTick(int Column) const {
 }
 
 bool TDBGrid::AccessibleChecked(const QModelIndex& Index) const {
-  if (DataSet_ == nullptr || Index.row() >= DataSet_->RecordCount()) return false;
+  if (DataSet_ == nullptr || Index.row() >= DataSet_->KnownRows()) return false;
   const ads::TRowScope Scope(*DataSet_, Index.row());
   try {
     return Columns_[Index.column()]->Field()->AsBoolean();

@@ -360,6 +360,15 @@ class tst_FirstRows : public QObject {
     QVERIFY(Dialog->qryList_->SnapshotBytes() <= Shown * 3 / 2 + 16 * std::size_t{Many});
   }
 
+  void shouldNotReadOnForWhatAssistiveProgramsAsk() {
+    Host_ = Backends_->Open(TBackendKind::SQLite);
+    const auto Dialog = TTickDialog::Create(
+        Host_->Connection(), support::TListSource("UPPER(A.ID)", "Cust A, Cust B WHERE B.ID LIKE 'C0000%'"));
+    QVERIFY(!Dialog->qryList_->IsComplete());
+    QCOMPARE(Dialog->dbgAvail->AccessibleRow(0), QString("Ticked: no, ID: C00001"));
+    QVERIFY(!Dialog->qryList_->IsComplete());
+  }
+
  private:
   void FollowsChanges(const QSqlDatabase& Writer) {
     const std::unique_ptr<TTickDialog> Dialog = TTickDialog::Create(Host_->Connection(), By("Txt"));
