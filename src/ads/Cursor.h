@@ -79,6 +79,16 @@ class ZULADS_EXPORT TCursor {
 
   /// Whether rows that the host changes by the same connection, while it is in the midst of its own, disturb it.
   bool MindsChanges = false;
+
+ protected:
+  /// To be asked after each row: whether `Until` is there. The clock is read for some of them only.
+  bool IsTime(TTime Until) {
+    constexpr unsigned RowsBetweenClockReads = 16;
+    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until;
+  }
+
+ private:
+  unsigned Rows_ = 0;
 };
 
 /// Throws the `EConnectionLost` for a connection that has broken off; `Message` is what the driver says of it.

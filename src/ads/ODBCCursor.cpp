@@ -101,8 +101,7 @@ class TStatementHandle {
   /// Whether the statement has been executed; else it is to be called again, with the same text. `AsBytes` hands its
   /// bytes over as they are.
   bool HasExecuted(const std::string& Sql, bool AsBytes) {
-    const SQLRETURN Code = AsBytes ? ExecuteBytes(Sql) : ExecuteWide(QString::fromStdString(Sql));
-    IsExecuting_ = Code == SQL_STILL_EXECUTING;
+    const SQLRETURN Code = Run(Sql, AsBytes);
     if (IsExecuting_) return false;
     Require(Code);
     SetAsynchronous(SQL_ASYNC_ENABLE_OFF);
@@ -116,8 +115,7 @@ class TStatementHandle {
     const auto End = std::chrono::steady_clock::now() + Moment;
     SQLCancel(Handle_);
     while (IsExecuting_ && std::chrono::steady_clock::now() < End) {
-      const SQLRETURN Code = AsBytes ? ExecuteBytes(Sql) : ExecuteWide(QString::fromStdString(Sql));
-      IsExecuting_ = Code == SQL_STILL_EXECUTING;
+      Run(Sql, AsBytes);
       if (IsExecuting_) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
   }
@@ -141,6 +139,12 @@ class TStatementHandle {
   }
 
  private:
+  // Notes whether the driver has given back before it was done.
+  SQLRETURN Run(const std::string& Sql, bool AsBytes) {
+    const SQLRETURN Code = AsBytes ? ExecuteBytes(Sql) : ExecuteWide(QString::fromStdString(Sql));
+    IsExecuting_ = Code == SQL_STILL_EXECUTING;
+    return Code;
+  }
   SQLRETURN ExecuteWide(const QString& Text) {
     auto* Wide = const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(Text.utf16()));
     return SQLExecDirectW(Handle_, Wide, static_cast<SQLINTEGER>(Text.size()));
@@ -386,11 +390,6 @@ class TODBCCursor final : public TCursor {
     return Statement_->Fetch();
   }
 
-  bool IsTime(TTime Until) {
-    constexpr unsigned RowsBetweenClockReads = 16;
-    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until;
-  }
-
   void Describe() {
     SQLSMALLINT Count = 0;
     Statement_->Require(SQLNumResultCols(Statement_->Get(), &Count));
@@ -459,7 +458,6 @@ class TODBCCursor final : public TCursor {
   std::string Sql_;
   bool AsBytes_ = false;
   bool HasExecuted_ = false;
-  unsigned Rows_ = 0;
   std::vector<TColumn> Columns_;
   int Read_ = 0;      // how many columns of the current row are
   bool Wide_ = true;  // texts come as UTF-16

@@ -179,11 +179,6 @@ class TPostgreSQLCursor final : public TCursor {
     if (Found != Running().Cursors.end() && Found->second == this) Running().Cursors.erase(Found);
   }
 
-  bool IsTime(TTime Until) {
-    constexpr unsigned RowsBetweenClockReads = 16;
-    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until;
-  }
-
   // A request to cancel that is still under way would hit the next statement.
   bool IsCancelDone(TTime Until) {
     if (!Cancel_.valid()) return true;
@@ -289,8 +284,7 @@ class TPostgreSQLCursor final : public TCursor {
     Failure_ = std::make_exception_ptr(EQueryEnded(PostgreSQLMessage(Answer)));
   }
 
-  // Waits for the end of the answers to a query, and goes on with `After` then. One of which no more is wanted is
-  // stopped.
+  // Waits for the end of the answers to a query, and goes on with `After` then.
   void EndQuery(TPhase After) {
     Phase_ = TPhase::Ending;
     AfterEnding_ = After;
@@ -345,9 +339,9 @@ class TPostgreSQLCursor final : public TCursor {
     constexpr std::chrono::milliseconds EndIsNear(20);
     try {
       const TTime Now = std::chrono::steady_clock::now();
-      // A query whose rows have been read to the last one ends by itself.
       const TTime End = Now + Moment;
       if (Phase_ != TPhase::Idle && Phase_ != TPhase::Closing) {
+        // A query whose rows have been read to the last one ends by itself.
         if (!DrainFew(Now + EndIsNear) && !EndByCancel(End)) return Talk_.Cut();
         if (!Talk_.Drain(End) || !IsCancelDone(End)) return Talk_.Cut();
         CloseScope();
@@ -416,7 +410,6 @@ class TPostgreSQLCursor final : public TCursor {
   bool IsDisturbed_ = false;  // by something of the host's
   bool OnRow_ = false;
   std::shared_future<void> Cancel_;  // done when the server has heard it
-  unsigned Rows_ = 0;
   TPostgreSQLResult Result_;  // the current row
   std::vector<std::string> Names_;
   std::vector<TPostgreSQLShape> Shapes_;

@@ -4,7 +4,6 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QVariant>
-#include <chrono>
 #include <utility>
 
 #include "ads/Cursor.h"
@@ -36,7 +35,7 @@ class TQSqlCursor final : public TCursor {
   bool GoOn(TTime Until, const TTakeRow& Take) override {
     if (!Sql_.empty()) Execute(std::exchange(Sql_, {}));
     while (Query_.next()) {
-      if (!Take() || std::chrono::steady_clock::now() >= Until) return true;
+      if (!Take() || IsTime(Until)) return true;
     }
     if (Query_.lastError().isValid()) throw EDatabaseError(MessageOf(Query_.lastError()));
     Query_.finish();

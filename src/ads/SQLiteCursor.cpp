@@ -190,16 +190,11 @@ class TSQLiteCursor final : public TCursor {
     return false;
   }
 
-  bool IsTime() {
-    constexpr unsigned RowsBetweenClockReads = 16;
-    return ++Rows_ % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until_;
-  }
-
   // What runs on the stack of its own.
   void ReadInside() {
     try {
       while (!HasEnded_ && !IsStopping_) {
-        if (!Step() || IsTime()) {
+        if (!Step() || IsTime(Until_)) {
           if (!HasEnded_ && !IsStopping_) Fiber_->Yield();
         }
       }
@@ -260,7 +255,6 @@ class TSQLiteCursor final : public TCursor {
   std::exception_ptr Failure_;
   sqlite3_int64 Changes_ = 0;  // by all statements of the connection, when this one was left last
   unsigned Calls_ = 0;
-  unsigned Rows_ = 0;
   bool HasEnded_ = false;
   bool IsStopping_ = false;
   bool InProgressHandler_ = false;
