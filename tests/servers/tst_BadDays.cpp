@@ -4,6 +4,7 @@
 #include "ads/Ads.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
+#include "servers/OpenOrSkip.h"
 
 using support::TBackend;
 using support::TBackendKind;
@@ -46,12 +47,8 @@ class tst_BadDays : public QObject {
   }
   bool Open(const QString& Options = {}) {
     const TBackendKind Kind = *static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()));
-    const QString Missing = Backends_->Missing(Kind);
-    if (!Missing.isEmpty()) {
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-      return false;
-    }
-    Company_ = Backends_->Open(Kind, Options);
+    Company_ = support::OpenOrSkip(*Backends_, Kind, Options);
+    if (Company_ == nullptr) return false;
     List_ = std::make_unique<ads::TAdsQuery>(nullptr);
     List_->SetConnection(Company_->Connection());
     Zip_ = List_->AddField("Zip", ads::TFieldType::ftString, 30);

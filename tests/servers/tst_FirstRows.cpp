@@ -11,6 +11,7 @@
 #include "ads/Ads.h"
 #include "servers/Backends.h"
 #include "servers/ListDialog.h"
+#include "servers/OpenOrSkip.h"
 #include "servers/SentStatements.h"
 #include "support/PickDriver.h"
 
@@ -53,12 +54,8 @@ class tst_FirstRows : public QObject {
   }
   bool Open(int Count = Many) {
     QFETCH(const TBackendKind, Kind);
-    const QString Missing = Backends_->Missing(Kind);
-    if (!Missing.isEmpty()) {
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-      return false;
-    }
-    Host_ = Backends_->Open(Kind);
+    Host_ = support::OpenOrSkip(*Backends_, Kind);
+    if (Host_ == nullptr) return false;
     Host_->ExecuteBeside(
         "CREATE TABLE longlist (txt VARCHAR(20), same INTEGER, void INTEGER, half INTEGER, tens INTEGER)");
     Fill(Count);

@@ -10,6 +10,7 @@
 #include "ads/Values.h"
 #include "servers/Backends.h"
 #include "servers/ListDialog.h"
+#include "servers/OpenOrSkip.h"
 #include "support/PickDriver.h"
 
 using support::After;
@@ -114,12 +115,8 @@ class tst_HostMeanwhile : public QObject {
     return OpenKind(Kind, Options, Rows);
   }
   bool OpenKind(TBackendKind Kind, const QString& Options, int Count) {
-    const QString Missing = Backends_->Missing(Kind);
-    if (!Missing.isEmpty()) {
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-      return false;
-    }
-    Host_ = Backends_->Open(Kind, Options);
+    Host_ = support::OpenOrSkip(*Backends_, Kind, Options);
+    if (Host_ == nullptr) return false;
     Host_->ExecuteBeside("CREATE TABLE longlist (txt VARCHAR(20))");
     Host_->ExecuteBeside("CREATE TABLE worked (nr INTEGER)");
     Host_->ExecuteBeside(

@@ -6,6 +6,7 @@
 #include "ads/Ads.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
+#include "servers/OpenOrSkip.h"
 
 using support::TBackend;
 using support::TBackendKind;
@@ -62,12 +63,8 @@ class tst_HostTransaction : public QObject {
   bool Open() {
     const TBackendKind Kind = *static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()));
     const QString Options = *static_cast<QString*>(QTest::qData("Options", qMetaTypeId<QString>()));
-    const QString Missing = Backends_->Missing(Kind);
-    if (Missing.isEmpty())
-      Host_ = Backends_->Open(Kind, Options);
-    else
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-    return Missing.isEmpty();
+    Host_ = support::OpenOrSkip(*Backends_, Kind, Options);
+    return Host_ != nullptr;
   }
   QStringList Rows(const std::string& Sql) { return Values(*Host_->Connection(), Sql, "X", {"CAST"}); }
   int Areas() { return Rows(CountAreas).value(0).toInt(); }

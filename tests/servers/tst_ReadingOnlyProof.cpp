@@ -7,6 +7,7 @@
 #include "ads/Values.h"
 #include "picks/parties/uPickCustomer.h"
 #include "servers/Backends.h"
+#include "servers/OpenOrSkip.h"
 #include "servers/Watch.h"
 
 using support::Contents;
@@ -47,12 +48,8 @@ class tst_ReadingOnlyProof : public QObject {
   }
   bool Open() {
     const TBackendKind Kind = *static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()));
-    const QString Missing = Backends_->Missing(Kind);
-    if (!Missing.isEmpty()) {
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-      return false;
-    }
-    Company_ = Backends_->Open(Kind);
+    Company_ = support::OpenOrSkip(*Backends_, Kind);
+    if (Company_ == nullptr) return false;
     return true;
   }
   QStringList Rows(const std::string& Sql) { return Values(*Company_->Connection(), Sql); }

@@ -16,6 +16,7 @@
 #include "frame/uZULPickPlsWait.h"
 #include "servers/Backends.h"
 #include "servers/ListDialog.h"
+#include "servers/OpenOrSkip.h"
 #include "servers/StallingProxy.h"
 #include "support/PickDriver.h"
 
@@ -90,12 +91,8 @@ class tst_StoppedQueries : public QObject {
   }
   bool Open() { return OpenKind(*static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()))); }
   bool OpenKind(TBackendKind Kind, const QString& Options = {}) {
-    const QString Missing = Backends_->Missing(Kind);
-    if (!Missing.isEmpty()) {
-      [&Missing] { QSKIP(qPrintable(Missing)); }();
-      return false;
-    }
-    Host_ = Backends_->Open(Kind, Options);
+    Host_ = support::OpenOrSkip(*Backends_, Kind, Options);
+    if (Host_ == nullptr) return false;
     if (!support::IsOnPostgreSQL(Kind)) return true;
     Host_->Execute(
         "CREATE VIEW sleepy AS SELECT id, pg_sleep(60)::text AS nap FROM cust WHERE pg_sleep(60) IS NOT NULL");
