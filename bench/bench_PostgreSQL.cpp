@@ -7,7 +7,7 @@
 
 #include "ListBench.h"
 #include "ads/ThrowawayPostgreSQL.h"
-#include "apps/catalog/OpenDatabase.h"
+#include "apps/command/OpenDatabase.h"
 #include "picks/orders/uPickOEDoc.h"
 #include "picks/parties/uPickCustomer.h"
 #include "picks/purchasing/uPickAnyPO.h"
@@ -70,7 +70,7 @@ class TServer {
     Plain_ = PQconnectdb(Address.c_str());
     if (PQstatus(Plain_) != CONNECTION_OK) qFatal("%s", PQerrorMessage(Plain_));
     if (!HasCompany()) MakeCompany(Address);
-    Database_ = std::make_unique<catalog::TDatabase>(Address);
+    Database_ = std::make_unique<command::TDatabase>(Address);
   }
   ~TServer() { PQfinish(Plain_); }
   TServer(const TServer&) = delete;
@@ -101,7 +101,7 @@ class TServer {
   std::unique_ptr<TThrowawayPostgreSQL> Own_;
   QString Missing_;
   PGconn* Plain_ = nullptr;
-  std::unique_ptr<catalog::TDatabase> Database_;
+  std::unique_ptr<command::TDatabase> Database_;
 };
 
 // Goes with the application, because a process of Qt's does not outlive it.

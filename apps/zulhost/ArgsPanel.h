@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 namespace zulhost {
 

@@ -3,7 +3,7 @@
 #include <QTableWidget>
 #include <string>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 namespace zulhost {
 

@@ -105,7 +105,7 @@ QWidget* THostWindow::CreatePanel() {
 }
 
 void THostWindow::OpenDatabase(const std::string& Address) {
-  Database_ = std::make_unique<catalog::TDatabase>(Address);
+  Database_ = std::make_unique<command::TDatabase>(Address);
   Address_->setText(QString::fromStdString(Database_->ShownAddress()));
   UpdateCall();
 }

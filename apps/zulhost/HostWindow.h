@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "apps/catalog/Catalog.h"
-#include "apps/catalog/OpenDatabase.h"
+#include "apps/command/OpenDatabase.h"
+#include "catalog/Catalog.h"
 
 class QAction;
 class QLabel;
@@ -30,7 +30,7 @@ class THostWindow : public QMainWindow {
   ~THostWindow() override;
 
   /// Opens a database in place of the one before, which stays when this one cannot be opened: then it throws
-  /// `catalog::EOpenError`.
+  /// `command::EOpenError`.
   void OpenDatabase(const std::string& Address);
   /// Why there is none, for the user to read.
   void ShowNoDatabase(const std::string& Reason);
@@ -51,7 +51,7 @@ class THostWindow : public QMainWindow {
   TCallRecord CallPick(const catalog::TPick& Pick);
   void UpdateCall();
 
-  std::unique_ptr<catalog::TDatabase> Database_;
+  std::unique_ptr<command::TDatabase> Database_;
   QLabel* Address_;
   TPickTree* Tree_;
   QLabel* Title_;

@@ -3,7 +3,7 @@
 #include <QString>
 #include <optional>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 namespace zulhost {
 

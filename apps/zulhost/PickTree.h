@@ -3,7 +3,7 @@
 #include <QTreeWidget>
 #include <QWidget>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 class QLineEdit;
 

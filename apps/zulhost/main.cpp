@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <string>
 
-#include "apps/catalog/CommandLine.h"
-#include "apps/catalog/Help.h"
+#include "apps/command/CommandLine.h"
+#include "apps/command/Help.h"
 #include "apps/zulhost/HostWindow.h"
 #include "pickbase/PickIcon.h"
 
@@ -18,18 +18,18 @@ const std::string Usage =
     "Usage: zulhost [options] [NAME [options of the pick NAME]]\n"
     "Shows a window with every pick, its arguments and what each call returned.\n"
     "\n" +
-    catalog::CommonHelp();
+    command::CommonHelp();
 
 void OpenGiven(zulhost::THostWindow& Window, const std::string& Address) {
   if (Address.empty()) return;
   try {
     Window.OpenDatabase(Address);
-  } catch (const catalog::EOpenError& Error) {
+  } catch (const command::EOpenError& Error) {
     Window.ShowNoDatabase(Error.what());
   }
 }
 
-int Run(const catalog::TCommandLine& CommandLine, char* Program) {
+int Run(const command::TCommandLine& CommandLine, char* Program) {
   int ArgCount = 1;
   char* ArgValues[] = {Program, nullptr};
   const QApplication Application(ArgCount, ArgValues);
@@ -37,7 +37,7 @@ int Run(const catalog::TCommandLine& CommandLine, char* Program) {
   // The file dialog would write down the folders that were visited.
   const QTemporaryDir Settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Settings.path());
-  catalog::ApplyTexts(CommandLine);
+  command::ApplyTexts(CommandLine);
   zulhost::THostWindow Window(catalog::FullCatalog());
   OpenGiven(Window, CommandLine.Database);
   if (CommandLine.Pick != nullptr) Window.Choose(*CommandLine.Pick, *CommandLine.Args);
@@ -45,9 +45,9 @@ int Run(const catalog::TCommandLine& CommandLine, char* Program) {
   return QApplication::exec();
 }
 
-int Start(const catalog::TCommandLine& CommandLine, char* Program) {
+int Start(const command::TCommandLine& CommandLine, char* Program) {
   if (CommandLine.Help || CommandLine.List) {
-    std::fputs((CommandLine.Help ? Usage : catalog::ListText(catalog::FullCatalog())).c_str(), stdout);
+    std::fputs((CommandLine.Help ? Usage : command::ListText(catalog::FullCatalog())).c_str(), stdout);
     return 0;
   }
   return Run(CommandLine, Program);
@@ -57,8 +57,8 @@ int Start(const catalog::TCommandLine& CommandLine, char* Program) {
 
 int main(int ArgCount, char* ArgValues[]) {
   try {
-    return Start(catalog::ReadCommandLine(catalog::FullCatalog(), catalog::Words(ArgCount, ArgValues)), ArgValues[0]);
-  } catch (const catalog::EUsage& Error) {
+    return Start(command::ReadCommandLine(catalog::FullCatalog(), command::Words(ArgCount, ArgValues)), ArgValues[0]);
+  } catch (const command::EUsage& Error) {
     std::fprintf(stderr, "zulhost: %s\n", Error.what());
     return WrongUsage;
   }

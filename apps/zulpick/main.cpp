@@ -5,9 +5,9 @@
 #include <exception>
 #include <string>
 
-#include "apps/catalog/CommandLine.h"
-#include "apps/catalog/Help.h"
-#include "apps/catalog/OpenDatabase.h"
+#include "apps/command/CommandLine.h"
+#include "apps/command/Help.h"
+#include "apps/command/OpenDatabase.h"
 #include "pickbase/PickIcon.h"
 
 namespace {
@@ -21,7 +21,7 @@ const std::string Usage =
     "Usage: zulpick NAME [options]\n"
     "Opens the pick dialog NAME over a database and prints the chosen key, one on a line when there are several.\n"
     "\n" +
-    catalog::CommonHelp() +
+    command::CommonHelp() +
     "\n"
     "Exit codes: 0 chosen, 1 nothing chosen, 2 wrong usage, 3 database error.\n";
 
@@ -43,8 +43,8 @@ void ShowMessage(QtMsgType Type, const QMessageLogContext&, const QString& Messa
   std::_Exit(Complain(WrongUsage, "A dialog cannot be opened here."));
 }
 
-int Run(const catalog::TCommandLine& CommandLine) {
-  catalog::TDatabase Database(CommandLine.Database);
+int Run(const command::TCommandLine& CommandLine) {
+  command::TDatabase Database(CommandLine.Database);
   const catalog::TResult Result = CommandLine.Pick->Call(Database.Connection(), *CommandLine.Args);
   if (!Result.Chosen) return NothingChosen;
   std::string Lines;
@@ -52,17 +52,17 @@ int Run(const catalog::TCommandLine& CommandLine) {
   return Print(Chosen, Lines);
 }
 
-int Start(const catalog::TCommandLine& CommandLine, char* Program) {
-  if (CommandLine.Pick != nullptr && CommandLine.Help) return Print(Chosen, catalog::PickHelp(*CommandLine.Pick));
+int Start(const command::TCommandLine& CommandLine, char* Program) {
+  if (CommandLine.Pick != nullptr && CommandLine.Help) return Print(Chosen, command::PickHelp(*CommandLine.Pick));
   if (CommandLine.Help) return Print(Chosen, Usage);
-  if (CommandLine.List) return Print(Chosen, catalog::ListText(catalog::FullCatalog()));
+  if (CommandLine.List) return Print(Chosen, command::ListText(catalog::FullCatalog()));
   if (CommandLine.Pick == nullptr) return Complain(WrongUsage, "The name of a pick is missing.\n\n" + Usage);
   qInstallMessageHandler(ShowMessage);
   int ArgCount = 1;
   char* ArgValues[] = {Program, nullptr};
   const QApplication Application(ArgCount, ArgValues);
   QApplication::setWindowIcon(pickbase::PickIcon());
-  catalog::ApplyTexts(CommandLine);
+  command::ApplyTexts(CommandLine);
   try {
     return Run(CommandLine);
   } catch (const std::exception& Error) {
@@ -74,8 +74,8 @@ int Start(const catalog::TCommandLine& CommandLine, char* Program) {
 
 int main(int ArgCount, char* ArgValues[]) {
   try {
-    return Start(catalog::ReadCommandLine(catalog::FullCatalog(), catalog::Words(ArgCount, ArgValues)), ArgValues[0]);
-  } catch (const catalog::EUsage& Error) {
+    return Start(command::ReadCommandLine(catalog::FullCatalog(), command::Words(ArgCount, ArgValues)), ArgValues[0]);
+  } catch (const command::EUsage& Error) {
     return Complain(WrongUsage, std::string(Error.what()) + "\nzulpick --help tells how it is used.");
   }
 }

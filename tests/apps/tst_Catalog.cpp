@@ -1,4 +1,4 @@
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -7,8 +7,8 @@
 #include <map>
 
 #include "ads/EDatabaseError.h"
-#include "apps/catalog/Near.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Near.h"
+#include "catalog/Shapes.h"
 
 using catalog::EArgError;
 using catalog::TArg;

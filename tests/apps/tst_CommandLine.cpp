@@ -1,18 +1,18 @@
-#include "apps/catalog/CommandLine.h"
+#include "apps/command/CommandLine.h"
 
 #include <QTest>
 #include <functional>
 
-#include "apps/catalog/Help.h"
+#include "apps/command/Help.h"
 #include "zulcommon/DisplayFormats.h"
 
-using catalog::ApplyTexts;
-using catalog::EUsage;
-using catalog::ReadCommandLine;
 using catalog::TArg;
 using catalog::TArgs;
 using catalog::TCatalog;
-using catalog::TCommandLine;
+using command::ApplyTexts;
+using command::EUsage;
+using command::ReadCommandLine;
+using command::TCommandLine;
 
 namespace {
 
@@ -130,13 +130,13 @@ void tst_CommandLine::shouldRefuseATextTableThatIsNotThere() {
 }
 
 void tst_CommandLine::shouldListEveryOption() {
-  QCOMPARE(QString::fromStdString(catalog::ListText(Catalog())), QStringLiteral("Group\n"
+  QCOMPARE(QString::fromStdString(command::ListText(Catalog())), QStringLiteral("Group\n"
                                                                                 "  city                  Something\n"
                                                                                 "  customer              Something\n"
                                                                                 "      --customer TEXT\n"
                                                                                 "      --inactive\n"
                                                                                 "      --states open|posted[,...]\n"));
-  const QString Help = QString::fromStdString(catalog::PickHelp(*Catalog().Find("customer")));
+  const QString Help = QString::fromStdString(command::PickHelp(*Catalog().Find("customer")));
   QVERIFY(Help.contains("Inactive ones too (default: yes; --inactive=no)"));
   QVERIFY(Help.contains("keeps this text when nothing is chosen"));
 }

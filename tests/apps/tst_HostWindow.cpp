@@ -11,8 +11,8 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "apps/catalog/Shapes.h"
 #include "apps/zulhost/ArgsPanel.h"
+#include "catalog/Shapes.h"
 #include "picks/reference/uPickCity.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
@@ -240,7 +240,7 @@ void tst_HostWindow::shouldNotCallWithoutADatabase() {
 
 void tst_HostWindow::shouldKeepTheDatabaseWhenAnotherCannotBeOpened() {
   TFixture Host("throwing");
-  QVERIFY_THROWS_EXCEPTION(catalog::EOpenError, Host.Window.OpenDatabase("/nowhere/at/all.db"));
+  QVERIFY_THROWS_EXCEPTION(command::EOpenError, Host.Window.OpenDatabase("/nowhere/at/all.db"));
   QCOMPARE(Host.Find<QLabel>("Address")->text(), QString::fromStdString(Host.Company.FileName()));
   QVERIFY(Host.Find<QPushButton>("Call")->isEnabled());
 }

@@ -1,4 +1,4 @@
-#include "apps/catalog/OpenDatabase.h"
+#include "apps/command/OpenDatabase.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,8 +11,8 @@
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
 
-using catalog::EOpenError;
-using catalog::TDatabase;
+using command::EOpenError;
+using command::TDatabase;
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <QFile>
 #include <QTest>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
 

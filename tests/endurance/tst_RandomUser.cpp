@@ -6,7 +6,7 @@
 #include <QTest>
 #include <random>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
 

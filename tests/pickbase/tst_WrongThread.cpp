@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "ads/Ads.h"
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "picks/reference/uPickCity.h"
 #include "support/TestCompany.h"
 

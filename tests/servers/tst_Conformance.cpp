@@ -7,7 +7,7 @@
 #include <typeindex>
 
 #include "ads/Ads.h"
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "servers/Backends.h"
 #include "servers/EveryDialog.h"
 #include "support/PickDriver.h"

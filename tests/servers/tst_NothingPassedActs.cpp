@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "ads/Ads.h"
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "servers/HostileTrial.h"
 #include "servers/PickTaker.h"
 #include "support/PickDriver.h"

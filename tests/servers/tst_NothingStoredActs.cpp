@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "ads/Ads.h"
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 #include "servers/EveryDialog.h"
 #include "servers/HostileTrial.h"
 #include "servers/PickTaker.h"

@@ -1,4 +1,4 @@
-#include "apps/catalog/Shapes.h"
+#include "catalog/Shapes.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
-#include "apps/catalog/Groups.h"
+#include "catalog/Groups.h"
 
 namespace catalog {
 
@@ -58,7 +58,8 @@ const TPick* TCatalog::Find(const std::string& Name) const {
 }
 
 const std::vector<std::string>& CommonOptions() {
-  static const std::vector<std::string> Names{"db", "strings", "date-format", "list", "help"};
+  static const std::vector<std::string> Names{"db",      "strings", "language", "date-format", "format",
+                                              "version", "list",    "help",     "check",       "check-texts"};
   return Names;
 }
 

@@ -1,21 +1,21 @@
-#include "apps/catalog/CommandLine.h"
+#include "apps/command/CommandLine.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <set>
 
-#include "apps/catalog/Near.h"
+#include "catalog/Near.h"
 #include "zulcommon/DisplayFormats.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
 
-namespace catalog {
+namespace command {
 
 namespace {
 
 class TReader {
  public:
-  TReader(const TCatalog& Catalog, const std::vector<std::string>& Words) : Catalog_(Catalog), Words_(Words) {}
+  TReader(const catalog::TCatalog& Catalog, const std::vector<std::string>& Words) : Catalog_(Catalog), Words_(Words) {}
 
   TCommandLine Read() {
     while (Next_ < Words_.size()) {
@@ -38,8 +38,8 @@ class TReader {
     Result_.Pick = Catalog_.Find(Name);
     if (Result_.Pick == nullptr) {
       std::vector<std::string> Names;
-      for (const TPick& Pick : Catalog_.All()) Names.push_back(Pick.Name);
-      throw EUsage("There is no pick \"" + Name + "\"." + DidYouMean(NearNames(Name, Names)));
+      for (const catalog::TPick& Pick : Catalog_.All()) Names.push_back(Pick.Name);
+      throw EUsage("There is no pick \"" + Name + "\"." + catalog::DidYouMean(catalog::NearNames(Name, Names)));
     }
     Result_.Args.emplace(Result_.Pick->Args);
   }
@@ -62,13 +62,14 @@ class TReader {
   }
 
   void ReadPickOption(const std::string& Option, const std::string& Name, std::optional<std::string> Value) {
-    const TArg* Arg = FindArg(Name);
-    if (Arg == nullptr) throw EUsage("There is no option " + Option + Whose() + "." + DidYouMean(NearOptions(Name)));
+    const catalog::TArg* Arg = FindArg(Name);
+    if (Arg == nullptr)
+      throw EUsage("There is no option " + Option + Whose() + "." + catalog::DidYouMean(NearOptions(Name)));
     Once(Name);
-    if (Arg->Kind == TArgKind::Boolean && !Value) Value = "yes";
+    if (Arg->Kind == catalog::TArgKind::Boolean && !Value) Value = "yes";
     try {
       Result_.Args->Set(Name, ValueOf(Option, Value));
-    } catch (const EArgError& Error) {
+    } catch (const catalog::EArgError& Error) {
       throw EUsage(Error.what());
     }
   }
@@ -98,10 +99,11 @@ class TReader {
     throw EUsage("The option " + Option + " needs a value: " + Option + "=VALUE.");
   }
 
-  const TArg* FindArg(const std::string& Name) const {
+  const catalog::TArg* FindArg(const std::string& Name) const {
     if (Result_.Pick == nullptr) return nullptr;
-    const std::vector<TArg>& Args = Result_.Pick->Args;
-    const auto Found = std::find_if(Args.begin(), Args.end(), [&](const TArg& Arg) { return Arg.Name == Name; });
+    const std::vector<catalog::TArg>& Args = Result_.Pick->Args;
+    const auto Found =
+        std::find_if(Args.begin(), Args.end(), [&](const catalog::TArg& Arg) { return Arg.Name == Name; });
     return Found == Args.end() ? nullptr : &*Found;
   }
 
@@ -110,16 +112,16 @@ class TReader {
   }
 
   std::vector<std::string> NearOptions(const std::string& Name) const {
-    std::vector<std::string> Names = CommonOptions();
+    std::vector<std::string> Names = catalog::CommonOptions();
     if (Result_.Pick != nullptr) {
-      for (const TArg& Arg : Result_.Pick->Args) Names.push_back(Arg.Name);
+      for (const catalog::TArg& Arg : Result_.Pick->Args) Names.push_back(Arg.Name);
     }
-    std::vector<std::string> Near = NearNames(Name, Names);
+    std::vector<std::string> Near = catalog::NearNames(Name, Names);
     for (std::string& Each : Near) Each.insert(0, "--");
     return Near;
   }
 
-  const TCatalog& Catalog_;
+  const catalog::TCatalog& Catalog_;
   const std::vector<std::string>& Words_;
   std::size_t Next_ = 0;
   std::set<std::string> Given_;
@@ -128,7 +130,7 @@ class TReader {
 
 }  // namespace
 
-TCommandLine ReadCommandLine(const TCatalog& Catalog, const std::vector<std::string>& Words) {
+TCommandLine ReadCommandLine(const catalog::TCatalog& Catalog, const std::vector<std::string>& Words) {
   return TReader(Catalog, Words).Read();
 }
 
@@ -145,4 +147,4 @@ void ApplyTexts(const TCommandLine& CommandLine) {
   }
 }
 
-}  // namespace catalog
+}  // namespace command

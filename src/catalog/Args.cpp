@@ -1,4 +1,4 @@
-#include "apps/catalog/Args.h"
+#include "catalog/Args.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/orders/uPickARInvoice.h"
 #include "picks/orders/uPickBooking.h"
 #include "picks/orders/uPickMultiOEDocs.h"

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "catalog/zulcatalog_export.h"
 #include "toolkit/Set.h"
 
 namespace catalog {
@@ -22,25 +23,27 @@ struct TArg {
   bool InOut = false;               ///< the key goes to the same argument, which keeps this text when nothing is chosen
 };
 
-TArg TextArg(std::string Name, std::string Help, std::string Default = {});
-TArg InOutArg(std::string Name, std::string Help);
-TArg BooleanArg(std::string Name, std::string Help, bool Default = false);
-TArg IntegerArg(std::string Name, std::string Help, std::int32_t Default = 0);
-TArg ChoiceArg(std::string Name, std::string Help, std::vector<std::string> Values, std::string Default);
+ZULCATALOG_EXPORT TArg TextArg(std::string Name, std::string Help, std::string Default = {});
+ZULCATALOG_EXPORT TArg InOutArg(std::string Name, std::string Help);
+ZULCATALOG_EXPORT TArg BooleanArg(std::string Name, std::string Help, bool Default = false);
+ZULCATALOG_EXPORT TArg IntegerArg(std::string Name, std::string Help, std::int32_t Default = 0);
+ZULCATALOG_EXPORT TArg ChoiceArg(std::string Name, std::string Help, std::vector<std::string> Values,
+                                 std::string Default);
 /// Any number of the values, given as "one,other".
-TArg ChoicesArg(std::string Name, std::string Help, std::vector<std::string> Values, std::string Default = {});
+ZULCATALOG_EXPORT TArg ChoicesArg(std::string Name, std::string Help, std::vector<std::string> Values,
+                                  std::string Default = {});
 
 /// What somebody gave for an argument does not do; `what()` says why, ready to be shown.
-class EArgError : public std::runtime_error {
+class ZULCATALOG_EXPORT EArgError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 /// The one way of writing a value that was given for the argument. Throws `EArgError` for what is no value of it.
-std::string CheckedValue(const TArg& Arg, const std::string& Value);
+ZULCATALOG_EXPORT std::string CheckedValue(const TArg& Arg, const std::string& Value);
 
 /// The values of one call's arguments. The definitions are borrowed and must live longer.
-class TArgs {
+class ZULCATALOG_EXPORT TArgs {
  public:
   /// Every argument at its default.
   explicit TArgs(const std::vector<TArg>& Definitions);

@@ -1,4 +1,4 @@
-#include "apps/catalog/Near.h"
+#include "catalog/Near.h"
 
 #include <algorithm>
 #include <numeric>

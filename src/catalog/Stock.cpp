@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/stock/uPickItemAndLocation.h"
 #include "picks/stock/uPickItemCost.h"
 #include "picks/stock/uPickItemLocation.h"

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "ads/Connection.h"
-#include "apps/catalog/Args.h"
+#include "catalog/Args.h"
+#include "catalog/zulcatalog_export.h"
 
 namespace catalog {
 
@@ -30,7 +31,7 @@ struct TPick {
 };
 
 /// The exported pick functions, in the order in which they were added.
-class TCatalog {
+class ZULCATALOG_EXPORT TCatalog {
  public:
   /// What is added from here on belongs to this group.
   void StartGroup(std::string Title);
@@ -49,10 +50,10 @@ class TCatalog {
   std::deque<TPick> Picks_;
 };
 
-/// The options that every program has besides those of a pick.
-const std::vector<std::string>& CommonOptions();
+/// Names that no argument may have, because each is an option of the programs.
+ZULCATALOG_EXPORT const std::vector<std::string>& CommonOptions();
 
 /// All exported pick functions.
-const TCatalog& FullCatalog();
+ZULCATALOG_EXPORT const TCatalog& FullCatalog();
 
 }  // namespace catalog

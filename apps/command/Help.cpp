@@ -1,8 +1,8 @@
-#include "apps/catalog/Help.h"
+#include "apps/command/Help.h"
 
 #include <algorithm>
 
-namespace catalog {
+namespace command {
 
 namespace {
 
@@ -18,17 +18,18 @@ std::string Alternatives(const std::vector<std::string>& Values) {
   return Result;
 }
 
-std::string OptionText(const TArg& Arg) {
+std::string OptionText(const catalog::TArg& Arg) {
   const std::string Hint = ValueHint(Arg);
   return "--" + Arg.Name + (Hint.empty() ? "" : " " + Hint);
 }
 
-std::string DefaultText(const TArg& Arg) {
-  if (Arg.Kind == TArgKind::Boolean) return Arg.Default == "yes" ? " (default: yes; --" + Arg.Name + "=no)" : "";
+std::string DefaultText(const catalog::TArg& Arg) {
+  if (Arg.Kind == catalog::TArgKind::Boolean)
+    return Arg.Default == "yes" ? " (default: yes; --" + Arg.Name + "=no)" : "";
   return Arg.Default.empty() ? "" : " (default: " + Arg.Default + ")";
 }
 
-std::string ArgText(const TArg& Arg) {
+std::string ArgText(const catalog::TArg& Arg) {
   std::string Result = "  " + OptionText(Arg) + "\n        " + Arg.Help + DefaultText(Arg) + "\n";
   if (Arg.InOut) Result += "        The function's key too: it keeps this text when nothing is chosen.\n";
   return Result;
@@ -36,41 +37,41 @@ std::string ArgText(const TArg& Arg) {
 
 }  // namespace
 
-std::string ValueHint(const TArg& Arg) {
+std::string ValueHint(const catalog::TArg& Arg) {
   switch (Arg.Kind) {
-    case TArgKind::Integer:
+    case catalog::TArgKind::Integer:
       return "NUMBER";
-    case TArgKind::Choice:
+    case catalog::TArgKind::Choice:
       return Alternatives(Arg.Values);
-    case TArgKind::Choices:
+    case catalog::TArgKind::Choices:
       return Alternatives(Arg.Values) + "[,...]";
-    case TArgKind::Boolean:
+    case catalog::TArgKind::Boolean:
       return {};
-    case TArgKind::Text:
+    case catalog::TArgKind::Text:
       break;
   }
   return "TEXT";
 }
 
-std::string ListText(const TCatalog& Catalog) {
+std::string ListText(const catalog::TCatalog& Catalog) {
   std::string Result;
   std::string Group;
-  for (const TPick& Pick : Catalog.All()) {
+  for (const catalog::TPick& Pick : Catalog.All()) {
     if (Pick.Group != Group) {
       Result += (Group.empty() ? "" : "\n") + Pick.Group + "\n";
       Group = Pick.Group;
     }
     Result += "  " + Padded(Pick.Name) + Pick.Help + "\n";
-    for (const TArg& Arg : Pick.Args) Result += "      " + OptionText(Arg) + "\n";
+    for (const catalog::TArg& Arg : Pick.Args) Result += "      " + OptionText(Arg) + "\n";
   }
   return Result;
 }
 
-std::string PickHelp(const TPick& Pick) {
+std::string PickHelp(const catalog::TPick& Pick) {
   std::string Result = Pick.Name + ": " + Pick.Help + " (" + Pick.Function + ")\n";
   if (Pick.Args.empty()) return Result + "\nThis pick has no options of its own.\n";
   Result += "\nOptions of this pick:\n";
-  for (const TArg& Arg : Pick.Args) Result += ArgText(Arg);
+  for (const catalog::TArg& Arg : Pick.Args) Result += ArgText(Arg);
   return Result;
 }
 
@@ -88,4 +89,4 @@ std::string CommonHelp() {
          "        Print this text, or behind the name of a pick what its options mean.\n";
 }
 
-}  // namespace catalog
+}  // namespace command

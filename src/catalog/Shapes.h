@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
+#include "catalog/zulcatalog_export.h"
 #include "toolkit/Lists.h"
 
 /// The usual shapes of a pick function, so that an entry of the catalog is one line. A function of another shape gets a
@@ -61,19 +62,20 @@ TResult ListResult(TCallable Call) {
 }
 
 /// Of a function that returns its key, empty when nothing was chosen.
-TResult KeyResult(std::string Key);
+ZULCATALOG_EXPORT TResult KeyResult(std::string Key);
 
 // Functions that take nothing but the connection and their output.
-TPick TextPick(std::string Name, std::string Function, std::string Help,
-               bool (*Call)(ads::TAdsConnection*, std::string&));
-TPick IntegerPick(std::string Name, std::string Function, std::string Help,
-                  bool (*Call)(ads::TAdsConnection*, std::int32_t&));
-TPick KeyPick(std::string Name, std::string Function, std::string Help, std::string (*Call)(ads::TAdsConnection*));
-TPick ListPick(std::string Name, std::string Function, std::string Help,
-               bool (*Call)(toolkit::TStringList*, ads::TAdsConnection*));
+ZULCATALOG_EXPORT TPick TextPick(std::string Name, std::string Function, std::string Help,
+                                 bool (*Call)(ads::TAdsConnection*, std::string&));
+ZULCATALOG_EXPORT TPick IntegerPick(std::string Name, std::string Function, std::string Help,
+                                    bool (*Call)(ads::TAdsConnection*, std::int32_t&));
+ZULCATALOG_EXPORT TPick KeyPick(std::string Name, std::string Function, std::string Help,
+                                std::string (*Call)(ads::TAdsConnection*));
+ZULCATALOG_EXPORT TPick ListPick(std::string Name, std::string Function, std::string Help,
+                                 bool (*Call)(toolkit::TStringList*, ads::TAdsConnection*));
 
 /// One whose text is in-out: the argument `Arg` gives it.
-TPick InOutPick(std::string Name, std::string Function, std::string Help, TArg Arg,
-                bool (*Call)(ads::TAdsConnection*, std::string&));
+ZULCATALOG_EXPORT TPick InOutPick(std::string Name, std::string Function, std::string Help, TArg Arg,
+                                  bool (*Call)(ads::TAdsConnection*, std::string&));
 
 }  // namespace catalog

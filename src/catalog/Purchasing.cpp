@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/purchasing/uPickAnyPO.h"
 #include "picks/purchasing/uPickMultiPOs.h"
 #include "picks/purchasing/uPickPOExtras.h"

@@ -1,4 +1,4 @@
-#include "apps/catalog/OpenDatabase.h"
+#include "apps/command/OpenDatabase.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -8,7 +8,7 @@
 #include <QUrlQuery>
 #include <QUuid>
 
-namespace catalog {
+namespace command {
 
 namespace {
 
@@ -169,4 +169,4 @@ TDatabase::~TDatabase() {
   Remove(Database_);
 }
 
-}  // namespace catalog
+}  // namespace command

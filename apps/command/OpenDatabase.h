@@ -7,7 +7,7 @@
 
 #include "ads/Connection.h"
 
-namespace catalog {
+namespace command {
 
 /// A database cannot be opened; `what()` says which and why, ready to be shown. It never holds a password.
 class EOpenError : public std::runtime_error {
@@ -38,4 +38,4 @@ class TDatabase {
   std::unique_ptr<ads::TAdsConnection> Connection_;
 };
 
-}  // namespace catalog
+}  // namespace command

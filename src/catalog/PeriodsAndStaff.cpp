@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/reference/uPickAPAgeHist.h"
 #include "picks/reference/uPickDepartmentMulti.h"
 #include "picks/reference/uPickItemHistPeriod.h"

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "apps/catalog/Catalog.h"
+#include "catalog/Catalog.h"
 
-namespace catalog {
+namespace command {
 
 /// What the two programs are told when they are started:
 ///
@@ -18,8 +18,8 @@ namespace catalog {
 struct TCommandLine {
   bool List = false;
   bool Help = false;
-  const TPick* Pick = nullptr;
-  std::optional<TArgs> Args;  ///< whenever there is a pick
+  const catalog::TPick* Pick = nullptr;
+  std::optional<catalog::TArgs> Args;  ///< whenever there is a pick
   std::string Database;       ///< the environment's ZUL_DB when the option is not given
   std::string StringTable;
   std::string DateFormat;
@@ -32,7 +32,7 @@ class EUsage : public std::runtime_error {
 };
 
 /// Throws `EUsage`. The catalog must live as long as the result.
-TCommandLine ReadCommandLine(const TCatalog& Catalog, const std::vector<std::string>& Words);
+TCommandLine ReadCommandLine(const catalog::TCatalog& Catalog, const std::vector<std::string>& Words);
 
 /// The words of main's arguments without the program's own name.
 std::vector<std::string> Words(int ArgCount, char* ArgValues[]);
@@ -40,4 +40,4 @@ std::vector<std::string> Words(int ArgCount, char* ArgValues[]);
 /// Loads the string table and sets the date pattern, as given. Throws `EUsage`.
 void ApplyTexts(const TCommandLine& CommandLine);
 
-}  // namespace catalog
+}  // namespace command

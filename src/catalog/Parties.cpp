@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/parties/uPickCustContactEmails.h"
 #include "picks/parties/uPickCustomer.h"
 #include "picks/parties/uPickVendors.h"

@@ -1,5 +1,5 @@
-#include "apps/catalog/Groups.h"
-#include "apps/catalog/Shapes.h"
+#include "catalog/Groups.h"
+#include "catalog/Shapes.h"
 #include "picks/accounts/uPickEftBatch.h"
 #include "picks/accounts/uPickPostedBatch.h"
 #include "picks/accounts/uPickPostedChequeBatch.h"
