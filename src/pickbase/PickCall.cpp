@@ -2,12 +2,19 @@
 
 #include <QLineEdit>
 
+#include "pickbase/uDocPickBase.h"
+
 namespace pickbase {
 
 namespace {
 
 TPickCall*& Innermost() {
   static thread_local TPickCall* Instance = nullptr;
+  return Instance;
+}
+
+TPickWatch*& InnermostWatch() {
+  static thread_local TPickWatch* Instance = nullptr;
   return Instance;
 }
 
@@ -42,6 +49,23 @@ void TPickCall::DialogIsUp(QLineEdit* FindBox) {
   const std::vector<toolkit::TTypedKey> Keys = Input_->TakeTyped();
   Input_.reset();
   if (FindBox != nullptr) toolkit::Type(FindBox, Keys);
+}
+
+TPickWatch::TPickWatch() : Outer_(std::exchange(InnermostWatch(), this)) {}
+
+TPickWatch::~TPickWatch() {
+  InnermostWatch() = Outer_;
+}
+
+bool TPickWatch::Show(uDocPickBase::TDocPickBase& Dialog) {
+  const TPickWatch* Watch = InnermostWatch();
+  if (Watch != nullptr && Watch->OnBuilt && !Watch->OnBuilt(Dialog)) return false;
+  return Dialog.ShowPick();
+}
+
+void TPickWatch::Chosen(uDocPickBase::TDocPickBase& Dialog) {
+  const TPickWatch* Watch = InnermostWatch();
+  if (Watch != nullptr && Watch->OnChosen) Watch->OnChosen(Dialog);
 }
 
 }  // namespace pickbase

@@ -12,6 +12,10 @@
 
 class QLineEdit;
 
+namespace uDocPickBase {
+class TDocPickBase;
+}
+
 /// The convention that every exported pick function follows, written once: create the dialog, show it, take the key
 /// when it was closed with OK, free the dialog in every case.
 namespace pickbase {
@@ -42,13 +46,36 @@ class ZULPICKLISTS_EXPORT TPickCall {
   std::unique_ptr<toolkit::TInputHeld> Input_;
 };
 
+/// While it lives, it is told of the pick functions that are called on this thread; the innermost one only.
+class ZULPICKLISTS_EXPORT TPickWatch {
+ public:
+  TPickWatch();
+  ~TPickWatch();
+  TPickWatch(const TPickWatch&) = delete;
+  TPickWatch& operator=(const TPickWatch&) = delete;
+
+  /// A dialog is complete and its list open. Whether it is to be shown: when it is not, the function answers as for
+  /// Cancel. What is thrown reaches the function's caller.
+  std::function<bool(uDocPickBase::TDocPickBase& Dialog)> OnBuilt;
+  /// The user has chosen; the dialog still has its list, and the ticks in it.
+  std::function<void(uDocPickBase::TDocPickBase& Dialog)> OnChosen;
+
+  // For `Pick`.
+  static bool Show(uDocPickBase::TDocPickBase& Dialog);
+  static void Chosen(uDocPickBase::TDocPickBase& Dialog);
+
+ private:
+  TPickWatch* Outer_;
+};
+
 /// Runs one pick; `Take` reads what the user chose from the dialog. Whether something was chosen.
 template <typename TDialog, typename TTake, typename... TArgs>
 bool Pick(TTake Take, TArgs... Args) {
   TPickCall Call;
   const std::unique_ptr<TDialog> Dialog = TDialog::Create(std::move(Args)...);
-  if (!Dialog->ShowPick()) return false;
+  if (!TPickWatch::Show(*Dialog)) return false;
   Take(*Dialog);
+  TPickWatch::Chosen(*Dialog);
   return true;
 }
 
