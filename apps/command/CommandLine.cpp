@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <set>
 
 #include "catalog/Near.h"
 #include "zulcommon/DisplayFormats.h"
@@ -26,9 +25,13 @@ class TReader {
         ReadName(Word);
       }
     }
-    if (!Given_.contains("db")) {
+    if (!Result_.Given.contains("db")) {
       if (const char* Address = std::getenv("ZUL_DB")) Result_.Database = Address;
     }
+    if (Format_ != "text" && Format_ != "json") {
+      throw EUsage("There is no format \"" + Format_ + "\": it is text or json.");
+    }
+    Result_.Json = Format_ == "json";
     return std::move(Result_);
   }
 
@@ -56,6 +59,7 @@ class TReader {
     } else if (bool* Switch = CommonSwitch(Name)) {
       if (Value) throw EUsage("The option " + Option + " takes no value.");
       *Switch = true;
+      Result_.Given.insert(Name);
     } else {
       ReadPickOption(Option, Name, Value);
     }
@@ -78,17 +82,19 @@ class TReader {
     if (Name == "db") return &Result_.Database;
     if (Name == "strings") return &Result_.StringTable;
     if (Name == "date-format") return &Result_.DateFormat;
+    if (Name == "format") return &Format_;
     return nullptr;
   }
 
   bool* CommonSwitch(const std::string& Name) {
     if (Name == "list") return &Result_.List;
     if (Name == "help") return &Result_.Help;
+    if (Name == "version") return &Result_.Version;
     return nullptr;
   }
 
   void Once(const std::string& Name) {
-    if (!Given_.insert(Name).second) throw EUsage("The option --" + Name + " is given twice.");
+    if (!Result_.Given.insert(Name).second) throw EUsage("The option --" + Name + " is given twice.");
   }
 
   // The value behind the equals sign, else the next word; a word that is an option itself was rather forgotten to be
@@ -124,7 +130,7 @@ class TReader {
   const catalog::TCatalog& Catalog_;
   const std::vector<std::string>& Words_;
   std::size_t Next_ = 0;
-  std::set<std::string> Given_;
+  std::string Format_ = "text";
   TCommandLine Result_;
 };
 

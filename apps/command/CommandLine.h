@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -11,18 +12,22 @@ namespace command {
 
 /// What the two programs are told when they are started:
 ///
-///   [--db ADDRESS] [--strings FILE] [--date-format PATTERN] [--list] [--help] [NAME [options of the pick NAME]]
+///   [--db ADDRESS] [--strings FILE] [--date-format PATTERN] [--format text|json] [--list]
+///   [--help] [--version] [NAME [options of the pick NAME]]
 ///
 /// The common options may stand anywhere, those of a pick behind its name. A value stands in the next word or behind an
 /// equals sign; a Boolean option takes one only behind an equals sign.
 struct TCommandLine {
   bool List = false;
   bool Help = false;
+  bool Version = false;
   const catalog::TPick* Pick = nullptr;
   std::optional<catalog::TArgs> Args;  ///< whenever there is a pick
-  std::string Database;       ///< the environment's ZUL_DB when the option is not given
+  std::string Database;                ///< the environment's ZUL_DB when the option is not given
   std::string StringTable;
   std::string DateFormat;
+  bool Json = false;
+  std::set<std::string> Given;  ///< the names of the options that stand there
 };
 
 /// The command line is wrong; `what()` says how, ready to be shown.

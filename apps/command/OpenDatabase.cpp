@@ -105,7 +105,7 @@ TTarget SourceTarget(const QString& Source) {
 TTarget ReadAddress(const QString& Address) {
   constexpr QLatin1String Source("odbc:");
   if (Address.isEmpty()) {
-    Fail(QStringLiteral("No database is given: use --db or the environment's ZUL_DB."));
+    Fail(QLatin1String(NoDatabase));
   }
   if (Address.startsWith(QLatin1String("postgresql://")) || Address.startsWith(QLatin1String("postgres://"))) {
     return ServerTarget(Address);

@@ -9,6 +9,9 @@
 
 namespace command {
 
+/// The message when there is no address.
+inline constexpr const char* NoDatabase = "No database is given: use --db or the environment's ZUL_DB.";
+
 /// A database cannot be opened; `what()` says which and why, ready to be shown. It never holds a password.
 class EOpenError : public std::runtime_error {
  public:

@@ -14,12 +14,6 @@ namespace {
 
 constexpr int WrongUsage = 2;
 
-const std::string Usage =
-    "Usage: zulhost [options] [NAME [options of the pick NAME]]\n"
-    "Shows a window with every pick, its arguments and what each call returned.\n"
-    "\n" +
-    command::CommonHelp();
-
 void OpenGiven(zulhost::THostWindow& Window, const std::string& Address) {
   if (Address.empty()) return;
   try {
@@ -45,11 +39,20 @@ int Run(const command::TCommandLine& CommandLine, char* Program) {
   return QApplication::exec();
 }
 
+int Print(const std::string& Text) {
+  std::fputs(Text.c_str(), stdout);
+  return 0;
+}
+
 int Start(const command::TCommandLine& CommandLine, char* Program) {
-  if (CommandLine.Help || CommandLine.List) {
-    std::fputs((CommandLine.Help ? Usage : command::ListText(catalog::FullCatalog())).c_str(), stdout);
-    return 0;
+  for (const command::TCommonOption& Option : command::Options()) {
+    if (Option.OnlyPick && CommandLine.Given.contains(Option.Text.Name)) {
+      throw command::EUsage("The option --" + Option.Text.Name + " is zulpick's.");
+    }
   }
+  if (CommandLine.Version) return Print(manual::VersionText(command::HostManual()));
+  if (CommandLine.Help) return Print(manual::HelpText(command::HostManual()));
+  if (CommandLine.List) return Print(command::ListText(catalog::FullCatalog()));
   return Run(CommandLine, Program);
 }
 

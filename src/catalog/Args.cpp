@@ -76,27 +76,32 @@ std::string ChoicesValue(const TArg& Arg, const std::string& Value) {
 }  // namespace
 
 TArg TextArg(std::string Name, std::string Help, std::string Default) {
-  return {std::move(Name), TArgKind::Text, std::move(Help), {}, std::move(Default), false};
+  return {std::move(Name), TArgKind::Text, std::move(Help), {}, std::move(Default), false, {}};
 }
 
 TArg InOutArg(std::string Name, std::string Help) {
-  return {std::move(Name), TArgKind::Text, std::move(Help), {}, {}, true};
+  return {std::move(Name), TArgKind::Text, std::move(Help), {}, {}, true, {}};
 }
 
 TArg BooleanArg(std::string Name, std::string Help, bool Default) {
-  return {std::move(Name), TArgKind::Boolean, std::move(Help), {}, Default ? Yes : No, false};
+  return {std::move(Name), TArgKind::Boolean, std::move(Help), {}, Default ? Yes : No, false, {}};
 }
 
 TArg IntegerArg(std::string Name, std::string Help, std::int32_t Default) {
-  return {std::move(Name), TArgKind::Integer, std::move(Help), {}, std::to_string(Default), false};
+  return {std::move(Name), TArgKind::Integer, std::move(Help), {}, std::to_string(Default), false, {}};
 }
 
 TArg ChoiceArg(std::string Name, std::string Help, std::vector<std::string> Values, std::string Default) {
-  return {std::move(Name), TArgKind::Choice, std::move(Help), std::move(Values), std::move(Default), false};
+  return {std::move(Name), TArgKind::Choice, std::move(Help), std::move(Values), std::move(Default), false, {}};
 }
 
 TArg ChoicesArg(std::string Name, std::string Help, std::vector<std::string> Values, std::string Default) {
-  return {std::move(Name), TArgKind::Choices, std::move(Help), std::move(Values), std::move(Default), false};
+  return {std::move(Name), TArgKind::Choices, std::move(Help), std::move(Values), std::move(Default), false, {}};
+}
+
+TArg Such(TArg Arg, std::string Example) {
+  Arg.Example = std::move(Example);
+  return Arg;
 }
 
 std::string CheckedValue(const TArg& Arg, const std::string& Value) {

@@ -21,6 +21,8 @@ struct TArg {
   std::vector<std::string> Values;  ///< of a choice: in the order of the enumeration's ordinals
   std::string Default;              ///< as it would be typed
   bool InOut = false;               ///< the key goes to the same argument, which keeps this text when nothing is chosen
+  /// A value for which the sample company has something to list, where the default would list nothing or an error.
+  std::string Example;
 };
 
 ZULCATALOG_EXPORT TArg TextArg(std::string Name, std::string Help, std::string Default = {});
@@ -32,6 +34,9 @@ ZULCATALOG_EXPORT TArg ChoiceArg(std::string Name, std::string Help, std::vector
 /// Any number of the values, given as "one,other".
 ZULCATALOG_EXPORT TArg ChoicesArg(std::string Name, std::string Help, std::vector<std::string> Values,
                                   std::string Default = {});
+
+/// The argument with an example.
+ZULCATALOG_EXPORT TArg Such(TArg Arg, std::string Example);
 
 /// What somebody gave for an argument does not do; `what()` says why, ready to be shown.
 class ZULCATALOG_EXPORT EArgError : public std::runtime_error {

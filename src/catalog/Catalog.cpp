@@ -30,6 +30,7 @@ void CheckArgs(TPick& Pick) {
     try {
       Defaults.Set(Arg.Name, Arg.Default);
       Arg.Default = CheckedValue(Arg, Arg.Default);
+      if (!Arg.Example.empty()) Arg.Example = CheckedValue(Arg, Arg.Example);
     } catch (const EArgError& Error) {
       Refuse(Pick, Error.what());
     }

@@ -83,8 +83,8 @@ TPick MemberPick() {
   return {"oe-member",
           "uPickOEMemberOfGroup::CallPickOEMemberOfGroup",
           "A member of a group document of one customer",
-          {TextArg("customer", "The customer, such as C00012; must be given"),
-           TextArg("group", "The number of the group document")},
+          {Such(TextArg("customer", "The customer, such as C00012; must be given"), "C00003"),
+           Such(TextArg("group", "The number of the group document"), "1000401")},
           [](ads::TAdsConnection* Connection, const TArgs& Args) {
             return TextResult([&](std::string& DocNo) {
               return uPickOEMemberOfGroup::CallPickOEMemberOfGroup(Connection, Args.Text("customer"),
@@ -99,7 +99,7 @@ TPick InvoicePick() {
           "uPickARInvoice::CallARInvoicePick",
           "A receivable invoice of one customer: its number and the type letter of its document",
           {ChoicesArg("include", "What to list besides invoices that are still owed", {"zero-balance", "credits"}),
-           TextArg("customer", "The customer, such as C00012; without one the list is empty"),
+           Such(TextArg("customer", "The customer, such as C00012; without one the list is empty"), "C00003"),
            TextArg("entity",
                    "Only invoices of this entity, such as MAIN, where the system has several; of all when it "
                    "is empty")},

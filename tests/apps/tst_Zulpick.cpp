@@ -11,6 +11,8 @@ namespace {
 
 constexpr int WrongUsage = 2;
 constexpr int DatabaseError = 3;
+constexpr int CannotWrite = 3;
+constexpr int NoDisplay = 3;
 
 struct TRun {
   int Code = -1;
@@ -43,6 +45,11 @@ TRun Run(const QStringList& Words, const QProcessEnvironment& Variables = Enviro
   return Result;
 }
 
+// The program's command line with what a shell does to its output.
+TRun RunInShell(const QString& Words) {
+  return Run({"-c", QStringLiteral("'") + ZUL_PROGRAM + "' " + Words}, Environment(), QStringLiteral("bash"));
+}
+
 QString Message(const QString& Text) {
   return "zulpick: " + Text + "\n";
 }
@@ -71,6 +78,10 @@ class tst_Zulpick : public QObject {
   void shouldNotEchoAPassword();
   void shouldNameAMissingDriver();
   void shouldTellThatThereIsNoDisplay();
+  void shouldTellItsVersion();
+  void shouldNameTheDatabaseInTheHelpOfAPick();
+  void shouldFailWhenItsOutputCannotBeWritten_data();
+  void shouldFailWhenItsOutputCannotBeWritten();
 };
 
 void tst_Zulpick::shouldListEveryPick() {
@@ -110,6 +121,10 @@ void tst_Zulpick::shouldRefuseAWrongCommandLine_data() {
   QTest::newRow("no value") << QStringList{"city", "--db"} << "The option --db needs a value: --db=VALUE.";
   QTest::newRow("bad value") << QStringList{"period", "--include-closed=perhaps"}
                              << "\"perhaps\" is no value for include-closed: it is yes or no.";
+  QTest::newRow("unknown format") << QStringList{"city", "--db=a", "--format=xml"}
+                                  << "There is no format \"xml\": it is text or json.";
+  QTest::newRow("no database") << QStringList{"city"} << "No database is given: use --db or the environment's ZUL_DB.";
+  QTest::newRow("empty database") << QStringList{"city", "--db="} << "No database is given";
   QTest::newRow("twice") << QStringList{"city", "--db=a", "--db=b"} << "The option --db is given twice.";
 }
 
@@ -132,7 +147,7 @@ void tst_Zulpick::shouldTellWhatIsNoDatabase() {
   const TRun Result = Run({"city", "--db", QStringLiteral(ZUL_PROGRAM)});
   COMPARE_RUN(Result, DatabaseError, "cannot be read as a SQLite database: file is not a database");
   const TRun None = Run({"city"});
-  COMPARE_RUN(None, DatabaseError, "No database is given: use --db or the environment's ZUL_DB.");
+  COMPARE_RUN(None, WrongUsage, "No database is given: use --db or the environment's ZUL_DB.");
 }
 
 void tst_Zulpick::shouldTakeTheDatabaseFromTheEnvironment() {
@@ -188,7 +203,42 @@ void tst_Zulpick::shouldTellThatThereIsNoDisplay() {
   for (const char* Name : {"DISPLAY", "WAYLAND_DISPLAY"}) Variables.remove(QLatin1String(Name));
   Variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
   const TRun Result = Run({"city", "--db", "/nowhere/company.db"}, Variables);
-  COMPARE_RUN(Result, WrongUsage, "zulpick: A dialog cannot be opened here.");
+  COMPARE_RUN(Result, NoDisplay, "zulpick: A dialog cannot be opened here. There is no display");
+}
+
+void tst_Zulpick::shouldTellItsVersion() {
+  const TRun Result = Run({"--version"});
+  QCOMPARE(Result.Code, 0);
+  QCOMPARE(Result.Output, QStringLiteral("zulpick " ZUL_VERSION "\n"));
+}
+
+void tst_Zulpick::shouldNameTheDatabaseInTheHelpOfAPick() {
+  const TRun Result = Run({"item-cost", "--help"});
+  QCOMPARE(Result.Code, 0);
+  QVERIFY(Result.Output.contains("\n  --db ADDRESS\n"));
+  QVERIFY(Result.Output.contains("\n  zulpick item-cost --db company.db --item "));
+}
+
+void tst_Zulpick::shouldFailWhenItsOutputCannotBeWritten_data() {
+  QTest::addColumn<QString>("Words");
+  QTest::addColumn<QString>("Why");
+  for (const char* What : {"--list", "--help", "--version", "city --help"}) {
+    const QString Words = QLatin1String(What);
+    QTest::addRow("%s on a full disk", What) << Words + " >/dev/full"
+                                             << "No space left on device";
+    QTest::addRow("%s into a closed pipe", What)
+        << "--version >/dev/null; exec 3> >(exec true); wait $!; exec '" ZUL_PROGRAM "' " + Words + " >&3"
+        << "Broken pipe";
+    QTest::addRow("%s to nowhere", What) << Words + " >&-"
+                                         << "Bad file descriptor";
+  }
+}
+
+void tst_Zulpick::shouldFailWhenItsOutputCannotBeWritten() {
+  QFETCH(const QString, Words);
+  QFETCH(const QString, Why);
+  const TRun Result = RunInShell(Words);
+  COMPARE_RUN(Result, CannotWrite, "zulpick: The result cannot be written: " + Why);
 }
 
 QTEST_MAIN(tst_Zulpick)

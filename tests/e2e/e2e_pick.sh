@@ -43,6 +43,25 @@ finish 0
 users="SELECT UserName FROM Names ORDER BY UPPER(DisplayNm)"
 equal "the ticked users" "$(ask "$users LIMIT 1") $(ask "$users LIMIT 1 OFFSET 2")" "$(paste -sd ' ' "$work/out")"
 
+# As JSON: the keys, and what the list shows of the chosen rows.
+start zulpick entity --format json
+wait_window '^Select ' "$running"
+press "$running" shift+Tab Down Return
+finish 0
+json() { ask "SELECT json_extract(CAST(readfile('$work/out') AS TEXT), '$1')"; }
+key=$(json '$.keys[0]')
+[[ -n $key ]] || fail "There is no key: $(<"$work/out")"
+equal "the columns" "$key $(ask "SELECT \"Desc\" FROM Entity WHERE Entity = '$key'")" \
+  "$(json '$.rows[0].Entity') $(json '$.rows[0].Desc')"
+
+# A result that cannot be written is not said to be chosen.
+"$programs/zulpick" city --db "$company" >/dev/full 2>"$work/errors" &
+running=$!
+wait_window '^Select ' "$running"
+press "$running" shift+Tab Return
+finish 3
+grep -q "cannot be written: No space left on device" "$work/errors" || fail "The full disk is not named: $(<"$work/errors")"
+
 # A database that is none of the company's fails with the database's message, and no dialog stays.
 sqlite3 "$work/empty.db" "CREATE TABLE Other (x)"
 code=0
