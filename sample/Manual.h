@@ -16,6 +16,9 @@ inline const manual::TManual& Manual() {
        {"scale", "N", "N times as large: 1 (the default) has 1,000 customers, 1000 has a million; at most 2000."},
        {"seed", "N", "Another company of the same size. (default: 54)"},
        {"overwrite", "", "Replace FILE, or the company's tables on the server, when they exist."},
+       {"refresh", "",
+        "Keep FILE when it is a sample company with the tables of this version, replace it when it is one of another "
+        "version."},
        {"help", "", "Print this text."},
        {"version", "", "Print the version."}},
       {{0, "written"}, {1, "failed"}, {2, "wrong usage"}},

@@ -1,5 +1,6 @@
 #include "sample/SampleCompany.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
@@ -43,6 +44,26 @@ void Remove(const fs::path& Path, const char* Ending) {
   fs::remove(fs::path(Path) += Ending, Ignored);
 }
 
+std::int32_t ReadPragma(sqlite3* Handle, const char* Name) {
+  sqlite3_stmt* Raw = nullptr;
+  const int Code = sqlite3_prepare_v2(Handle, (std::string("PRAGMA ") + Name).c_str(), -1, &Raw, nullptr);
+  const TSQLiteStatement Statement(Raw);
+  if (Code != SQLITE_OK || sqlite3_step(Raw) != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(Handle));
+  return sqlite3_column_int(Raw, 0);
+}
+
+/// Whether a file is a sample company of this schema. Throws when it is something else.
+bool IsCurrent(const std::string& FileName) {
+  sqlite3* Raw = nullptr;
+  const int Code = sqlite3_open_v2(FileName.c_str(), &Raw, SQLITE_OPEN_READONLY, nullptr);
+  const TSQLiteHandle Handle(Raw);
+  if (Code != SQLITE_OK) throw std::runtime_error(FileName + " cannot be read: " + sqlite3_errstr(Code) + ".");
+  if (ReadPragma(Raw, "application_id") != FileMark) {
+    throw std::runtime_error(FileName + " is no sample company: it is kept as it is.");
+  }
+  return ReadPragma(Raw, "user_version") == SchemaVersion();
+}
+
 /// Builds a database beside the file and gives it the file's name only when it is complete.
 void BuildFile(const std::string& FileName, bool Overwrite, const std::function<void(sqlite3*)>& Build) {
   CheckName(FileName, Overwrite);
@@ -74,6 +95,12 @@ const char* SchemaSql() {
   return SchemaText;
 }
 
+std::int32_t SchemaVersion() {
+  std::uint32_t Hash = 2166136261U;  // FNV-1a
+  for (const unsigned char Letter : std::string_view(SchemaText)) Hash = (Hash ^ Letter) * 16777619U;
+  return static_cast<std::int32_t>(Hash & 0x7FFFFFFFU) | 1;
+}
+
 void CreateSchema(sqlite3* Handle) {
   Execute(Handle, SchemaSql());
 }
@@ -84,7 +111,12 @@ void CreateSchema(const std::string& FileName, bool Overwrite) {
 
 void CreateCompany(const std::string& FileName, const TOptions& Options) {
   static_cast<void>(TPlan(Options));  // refuses a bad scale before a file is touched
-  BuildFile(FileName, Options.Overwrite, [&](sqlite3* Handle) {
+  std::error_code Ignored;
+  const bool Exists = Options.Refresh && fs::is_regular_file(PathOf(FileName), Ignored);
+  if (Exists && IsCurrent(FileName)) return;
+  BuildFile(FileName, Options.Overwrite || Exists, [&](sqlite3* Handle) {
+    Execute(Handle, "PRAGMA application_id = " + std::to_string(FileMark) +
+                        "; PRAGMA user_version = " + std::to_string(SchemaVersion()));
     TSQLiteSink Sink(Handle);
     WriteCompany(Sink, Options);
   });

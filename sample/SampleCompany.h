@@ -18,12 +18,19 @@ struct TOptions {
   std::uint64_t Seed = 54;
   /// Whether a file, or tables on a server, that exist are replaced.
   bool Overwrite = false;
+  /// Whether a file that is a sample company already is kept when it has this schema, and replaced when it has another.
+  bool Refresh = false;
 };
 
 inline constexpr std::int64_t MaxScale = 2000;
 
 /// The tables and indexes as SQL for SQLite.
 const char* SchemaSql();
+
+/// Which schema it is: a positive number that another text has not. A file's `PRAGMA user_version`, where its
+/// `PRAGMA application_id` is `FileMark`.
+std::int32_t SchemaVersion();
+inline constexpr std::int32_t FileMark = 0x5A554C53;  // "ZULS"
 
 /// Creates the tables and indexes, without rows, in an open database that has none of them yet. Throws
 /// `std::runtime_error` with the database's message.

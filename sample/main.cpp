@@ -71,6 +71,9 @@ void CheckTarget(const TCommand& Command) {
   if (!Command.FileName.empty() && !Command.Address.empty()) {
     throw TUsageError("Only one database can be written: a file or a server's.");
   }
+  if (Command.Options.Refresh && Command.FileName.empty()) {
+    throw TUsageError("--refresh is for a file.");
+  }
 }
 
 TCommand ReadCommand(std::span<char* const> Arguments) {
@@ -85,6 +88,8 @@ TCommand ReadCommand(std::span<char* const> Arguments) {
     };
     if (Argument == "--help" || Argument == "-h") {
       Command.Help = true;
+    } else if (Argument == "--refresh") {
+      Command.Options.Refresh = true;
     } else if (Argument == "--version") {
       Command.Version = true;
     } else if (Argument == "--scale") {

@@ -20,6 +20,10 @@ class tst_SampleProgram : public QObject {
   void shouldKeepAFileThatExists();
   void shouldReplaceAFileWhenAsked();
   void shouldFailWithoutAFolder();
+  void shouldKeepACompanyOfThisSchemaWhenAskedToRefresh();
+  void shouldReplaceACompanyOfAnotherSchemaWhenAskedToRefresh();
+  void shouldRefreshNothingButASampleCompany();
+  void shouldTellItsVersion();
 
  private:
   int Run(const QStringList& Arguments);
@@ -124,6 +128,41 @@ void tst_SampleProgram::shouldFailWithoutAFolder() {
   QVERIFY2(Errors_.contains("no folder"), Errors_.constData());
   QCOMPARE(Run({Dir_->path()}), 1);
   QVERIFY2(Errors_.contains("is a folder"), Errors_.constData());
+}
+
+void tst_SampleProgram::shouldKeepACompanyOfThisSchemaWhenAskedToRefresh() {
+  QCOMPARE(Run({"--refresh", "--scale", "2", File("a.db")}), 0);
+  const QByteArray Before = Contents(File("a.db"));
+  QCOMPARE(Run({"--refresh", File("a.db")}), 0);
+  QCOMPARE(Contents(File("a.db")), Before);
+}
+
+void tst_SampleProgram::shouldReplaceACompanyOfAnotherSchemaWhenAskedToRefresh() {
+  QCOMPARE(Run({File("a.db")}), 0);
+  {
+    const TDatabase Database(File("a.db").toStdString());
+    sample::Execute(Database.Handle(), "DROP TABLE Area; PRAGMA user_version = 1");
+  }
+  QCOMPARE(Run({"--refresh", File("a.db")}), 0);
+  const TDatabase Database(File("a.db").toStdString());
+  QVERIFY(Database.Number("SELECT COUNT(*) FROM Area") > 0);
+}
+
+void tst_SampleProgram::shouldRefreshNothingButASampleCompany() {
+  {
+    const sample::TSQLiteHandle Handle = sample::OpenNewFile(File("mine.db").toStdString());
+    sample::Execute(Handle.get(), "CREATE TABLE Mine (x)");
+  }
+  const QByteArray Before = Contents(File("mine.db"));
+  QCOMPARE(Run({"--refresh", File("mine.db")}), 1);
+  QVERIFY2(Errors_.contains("is no sample company"), Errors_.constData());
+  QCOMPARE(Contents(File("mine.db")), Before);
+  QCOMPARE(Run({"--refresh", "--db", "postgresql://localhost/x"}), 2);
+}
+
+void tst_SampleProgram::shouldTellItsVersion() {
+  QCOMPARE(Run({"--version"}), 0);
+  QVERIFY2(Output_.startsWith("zulsample ") && Output_.endsWith("\n"), Output_.constData());
 }
 
 QTEST_GUILESS_MAIN(tst_SampleProgram)
