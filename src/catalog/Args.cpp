@@ -124,8 +124,8 @@ TArgs::TArgs(const std::vector<TArg>& Definitions) : Definitions_(Definitions) {
 
 void TArgs::Set(const std::string& Name, const std::string& Value) {
   const TArg* Arg = Find(Name);
-  if (Arg == nullptr) throw EArgError("There is no argument " + Name + ".");
-  if (Set_.contains(Name)) throw EArgError("The argument " + Name + " is given twice.");
+  if (Arg == nullptr) throw EUnknownArg("There is no argument " + Name + ".");
+  if (Set_.contains(Name)) throw EArgGivenTwice("The argument " + Name + " is given twice.");
   Set_.emplace(Name, CheckedValue(*Arg, Value));
 }
 

@@ -44,6 +44,18 @@ class ZULCATALOG_EXPORT EArgError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// It was given for an argument that there is not.
+class ZULCATALOG_EXPORT EUnknownArg : public EArgError {
+ public:
+  using EArgError::EArgError;
+};
+
+/// It was given for an argument that has its value already.
+class ZULCATALOG_EXPORT EArgGivenTwice : public EArgError {
+ public:
+  using EArgError::EArgError;
+};
+
 /// The one way of writing a value that was given for the argument. Throws `EArgError` for what is no value of it.
 ZULCATALOG_EXPORT std::string CheckedValue(const TArg& Arg, const std::string& Value);
 
@@ -54,7 +66,8 @@ class ZULCATALOG_EXPORT TArgs {
   explicit TArgs(const std::vector<TArg>& Definitions);
   explicit TArgs(std::vector<TArg>&&) = delete;  // they would be gone at once
 
-  /// Throws `EArgError` for a name that there is not, one that was set already, and a value that is none.
+  /// Throws `EUnknownArg` for a name that there is not, `EArgGivenTwice` for one that was set already, and `EArgError`
+  /// for a value that is none.
   void Set(const std::string& Name, const std::string& Value);
 
   // Each throws `std::logic_error` for an argument that there is not or that is of another kind.

@@ -16,10 +16,8 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QThread>
 #include <QTimer>
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 #include "ads/EDatabaseError.h"
@@ -29,6 +27,7 @@
 #include "pickbase/PickCall.h"
 #include "pickbase/PickIcon.h"
 #include "pickbase/TitleMeanings.h"
+#include "pickbase/UserInterface.h"
 #include "toolkit/ActionButton.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/EConvertError.h"
@@ -212,14 +211,8 @@ void TDocPickBase::ConnectEvents() {
   });
 }
 
-// Widgets cannot exist without a QApplication, which a QCoreApplication is not, nor on another thread than its own: Qt
-// would end the program over it, or crash later.
 void TDocPickBase::RequireUserInterface() {
-  const auto* Application = qobject_cast<QApplication*>(QCoreApplication::instance());
-  if (Application == nullptr) throw std::logic_error("A pick needs a QApplication.");
-  if (QThread::currentThread() != Application->thread()) {
-    throw std::logic_error("A pick must be called on the thread of the user interface.");
-  }
+  pickbase::RequireUserInterface();
 }
 
 void TDocPickBase::NameAfterClass() {

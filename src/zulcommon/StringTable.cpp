@@ -1,7 +1,6 @@
 #include "zulcommon/StringTable.h"
 
 #include <QFile>
-#include <QStringDecoder>
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -54,13 +53,6 @@ std::optional<std::string> Unescape(std::string_view Text) {
     Result += *C;
   }
   return Result;
-}
-
-bool IsUtf8(std::string_view Text) {
-  QStringDecoder Decoder(QStringDecoder::Utf8);
-  const QString Decoded = Decoder(QByteArrayView(Text.data(), static_cast<qsizetype>(Text.size())));
-  // Bytes that are cut off at the end are no error to a decoder that may be given more.
-  return !Decoder.hasError() && Decoded.toStdString().size() == Text.size();
 }
 
 // Nothing when the line is not a number, a tab and a text.

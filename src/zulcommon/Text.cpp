@@ -173,6 +173,15 @@ void AppendUpperCase(std::string& Out, std::string_view Text) {
   Out.resize(static_cast<std::size_t>(End - Out.data()));
 }
 
+bool IsUtf8(std::string_view Text) {
+  while (!Text.empty()) {
+    const std::size_t Length = IsAscii(Text[0]) ? 1 : Decode(Text).Length;
+    if (Length == 0) return false;
+    Text.remove_prefix(Length);
+  }
+  return true;
+}
+
 std::string_view Trim(std::string_view Text) {
   const auto IsBlank = [](char C) { return static_cast<unsigned char>(C) <= 0x20; };
   while (!Text.empty() && IsBlank(Text.front())) Text.remove_prefix(1);

@@ -18,6 +18,9 @@ ZULCOMMON_EXPORT std::string UpperCase(std::string_view Text);
 /// not lie in that buffer.
 ZULCOMMON_EXPORT void AppendUpperCase(std::string& Out, std::string_view Text);
 
+/// Whether every byte belongs to a character of UTF-8.
+ZULCOMMON_EXPORT bool IsUtf8(std::string_view Text);
+
 /// `Text` without the blanks and control characters (all characters up to U+0020) at its ends.
 ZULCOMMON_EXPORT std::string_view Trim(std::string_view Text);
 

@@ -220,6 +220,8 @@ void tst_Catalog::shouldRefuseAnUnknownArgumentAndOneGivenTwice() {
   QCOMPARE(MessageOf([&] { Args.Set("shade", "dark"); }), QStringLiteral("There is no argument shade."));
   Args.Set("text", "");
   QCOMPARE(MessageOf([&] { Args.Set("text", ""); }), QStringLiteral("The argument text is given twice."));
+  QVERIFY_THROWS_EXCEPTION(catalog::EUnknownArg, Args.Set("shade", "dark"));
+  QVERIFY_THROWS_EXCEPTION(catalog::EArgGivenTwice, Args.Set("text", ""));
 }
 
 void tst_Catalog::shouldNotReadAnArgumentAsAnotherKind() {

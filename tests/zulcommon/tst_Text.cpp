@@ -37,6 +37,9 @@ class tst_Text : public QObject {
   void shouldUpperCaseByTheFullMapping();
   void shouldKeepBytesThatAreNoUtf8_data();
   void shouldKeepBytesThatAreNoUtf8();
+  void shouldTellBytesThatAreNoUtf8_data();
+  void shouldTellBytesThatAreNoUtf8();
+  void shouldTakeEveryCharacterForUtf8();
   void shouldUpperCaseJoinedTextsLikeThePieces();
   void shouldGrowToThreeTimesTheLength();
   void shouldUpperCaseTheSameInEveryLocale();
@@ -126,6 +129,25 @@ void tst_Text::shouldKeepBytesThatAreNoUtf8() {
   const std::string Kept = Bytes.toStdString();
   QCOMPARE(UpperCase(Kept), Kept);
   QCOMPARE(UpperCase("ab" + Kept + "éz"), "AB" + Kept + "ÉZ");
+}
+
+void tst_Text::shouldTellBytesThatAreNoUtf8_data() {
+  shouldKeepBytesThatAreNoUtf8_data();
+}
+
+void tst_Text::shouldTellBytesThatAreNoUtf8() {
+  QFETCH(QByteArray, Bytes);
+  const std::string Text = Bytes.toStdString();
+  QVERIFY(!IsUtf8(Text));
+  QVERIFY(!IsUtf8("ab\xC3\xA9" + Text));
+  QVERIFY(!IsUtf8(Text + "ab"));
+}
+
+void tst_Text::shouldTakeEveryCharacterForUtf8() {
+  QVERIFY(IsUtf8(""));
+  for (char32_t Char = 0; Char <= LastChar; ++Char) {
+    if (!IsSurrogate(Char)) QVERIFY2(IsUtf8("a" + Utf8(Char) + "b"), qPrintable(QString::number(Char, 16)));
+  }
 }
 
 void tst_Text::shouldUpperCaseJoinedTextsLikeThePieces() {
