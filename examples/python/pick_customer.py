@@ -34,7 +34,7 @@ class OrderWindow(QWidget):
     def pick_customer(self) -> None:
         """Puts the chosen customer into the box; leaves it as it is when nothing is chosen."""
         try:
-            keys = self._picks.call("customer", CONNECTION, customer=self.customer.text(), entity="MAIN")
+            keys = self._picks.call("customer", CONNECTION, customer=self.customer.text(), allow_inactive=True)
         except zulpicks.PickError as error:
             QMessageBox.warning(self, "No pick", str(error))
             return

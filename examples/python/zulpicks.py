@@ -45,7 +45,7 @@ class PickError(Exception):
 
     def __init__(self, code: int, message: str) -> None:
         super().__init__(message)
-        self.code = Code(code) if code in Code._value2member_map_ else code
+        self.code: int = Code(code) if code in list(Code) else code
 
 
 @dataclass(frozen=True)

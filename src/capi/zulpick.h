@@ -66,11 +66,12 @@ ZULPICKC_EXPORT int zul_version_number(void) ZUL_NOTHROW;
  * Opens the pick's dialog over the connection and comes back when the user has chosen or cancelled. To be called on the
  * thread of the user interface, which must be that of the connection too. The event loop runs meanwhile.
  *
- * connection  the name by which Qt knows it (QSqlDatabase::addDatabase); null for Qt's default connection. It must be
- *             open, and stay so during the call.
- * pick        such as "customer"; zul_list_picks gives all.
- * names, values  `count` arguments in any order, such as "entity" and "MAIN"; both may be null when `count` is 0. What
- * is not given has its default. zul_list_arguments gives all, and what each takes.
+ * - `connection` is the name by which Qt knows it (QSqlDatabase::addDatabase); null is Qt's default connection. It must
+ *   be open, and stay so during the call.
+ * - `pick` is a name such as "customer"; zul_list_picks gives all.
+ * - `names` and `values` are `count` arguments in any order, such as "entity" and "MAIN"; both may be null when `count`
+ *   is 0. What is not given has its default. zul_list_arguments gives all, and what each takes. A code that holds a
+ *   single quote is given with the quote doubled: as it is, the pick would refuse it with ZUL_ERROR_DATABASE.
  *
  * ZUL_OK has a row for each chosen key, with the value "key"; a pick whose key has several parts, such as a document's
  * number and its type, has a row for each part. ZUL_NOTHING_CHOSEN has no rows, unless the pick has an in-out argument:

@@ -83,19 +83,17 @@ class Picks(unittest.TestCase):
         self.assertIsNone(self.drive("customer", QDialog.reject, customer="Zoë"))
 
     def test_raises_what_is_wrong(self) -> None:
-        self.assertEqual(
-            self.failure("custommer"), (Code.PICK, 'There is no pick "custommer". Did you mean customer?')
-        )
+        self.assertEqual(self.failure("custommer"), (Code.PICK, 'There is no pick "custommer". Did you mean customer?'))
         self.assertEqual(
             self.failure("customer", entitty="MAIN"),
             (Code.ARGUMENT, 'The pick customer has no argument "entitty". Did you mean entity?'),
         )
         self.assertEqual(
-            self.failure("oe-doc", types=["order", "bill"])[0], Code.VALUE
+            self.failure("customer", allow_inactive="maybe"),
+            (Code.VALUE, '"maybe" is no value for allow-inactive: it is yes or no.'),
         )
-        self.assertEqual(
-            self.failure("city", "other"), (Code.CONNECTION, 'Qt has no database connection "other".')
-        )
+        self.assertEqual(self.failure("oe-doc", types=["order", "bill"])[0], Code.VALUE)
+        self.assertEqual(self.failure("city", "other"), (Code.CONNECTION, 'Qt has no database connection "other".'))
         self.assertEqual(self.failure("city", None)[0], Code.CONNECTION)
         self.assertEqual(self.failure("customer", entity="\udce9")[0], Code.UTF8)
         self.assertEqual(self.failure("customer", entity="O'Neil")[0], Code.DATABASE)
@@ -107,9 +105,7 @@ class Picks(unittest.TestCase):
         thread = threading.Thread(target=lambda: failures.append(self.failure("city")))
         thread.start()
         thread.join()
-        self.assertEqual(
-            failures, [(Code.THREAD, "A pick must be called on the thread of the user interface.")]
-        )
+        self.assertEqual(failures, [(Code.THREAD, "A pick must be called on the thread of the user interface.")])
 
     def test_lists_every_pick_and_its_arguments(self) -> None:
         picks = {pick.name: pick for pick in self.picks.picks()}

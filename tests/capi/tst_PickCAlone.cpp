@@ -11,6 +11,7 @@ namespace {
 // How many allocations are granted from now on; without a limit while it is negative.
 long Granted = -1;
 bool WasRefused = false;
+long Live = 0;
 
 void* Allocate(std::size_t Size) {
   if (Granted == 0) {
@@ -20,7 +21,13 @@ void* Allocate(std::size_t Size) {
   if (Granted > 0) --Granted;
   void* Memory = std::malloc(Size);
   if (Memory == nullptr) throw std::bad_alloc();
+  ++Live;
   return Memory;
+}
+
+void Free(void* Memory) {
+  if (Memory != nullptr) --Live;
+  std::free(Memory);
 }
 
 /// Calls with no allocation granted, then with one and so on until the call needs no more. Whether every call that got
@@ -51,10 +58,10 @@ void* operator new(std::size_t Size, const std::nothrow_t&) noexcept {
   }
 }
 void operator delete(void* Memory) noexcept {
-  std::free(Memory);
+  Free(Memory);
 }
 void operator delete(void* Memory, std::size_t) noexcept {
-  std::free(Memory);
+  Free(Memory);
 }
 
 class tst_PickCAlone : public QObject {
@@ -89,6 +96,25 @@ class tst_PickCAlone : public QObject {
     QCOMPARE(std::string(zul_result_text(Second)), std::string());
     QCOMPARE(std::string(zul_result_message(Second)), std::string("Out of memory."));
     zul_result_free(Second);
+  }
+
+  void shouldLeaveNothingBehind() {
+    const auto Calls = [] {
+      zul_result_free(zul_list_picks());
+      zul_result_free(zul_list_arguments("customer"));
+      zul_result_free(zul_list_arguments("custommer"));
+      const char* const Names[] = {"entity", "entity whose name is that of no argument at all"};
+      zul_result_free(zul_pick("main", "customer", Names, Names, 1));
+      zul_result_free(zul_pick("main", "customer", Names, Names, 2));
+    };
+    Calls();
+    const long Before = Live;
+    Calls();
+    QCOMPARE(Live, Before);
+    zul_result* Kept = zul_list_picks();
+    QVERIFY(Live > Before);
+    zul_result_free(Kept);
+    QCOMPARE(Live, Before);
   }
 
   void shouldNeedAQApplication() {

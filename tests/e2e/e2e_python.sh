@@ -11,17 +11,16 @@ python=$3 library=$4 sanitizers=$5
   echo "PyQt6 is not installed: scripts/setup installs it."
   exit 77
 }
-here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-source "$here/common.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 export PYTHONDONTWRITEBYTECODE=1
 
 start_window() {
-  "$python" "$here/../../examples/python/pick_customer.py" "$1" "$library" >"$work/out" 2>"$work/errors" &
+  "$python" "$(dirname "${BASH_SOURCE[0]}")/../../examples/python/pick_customer.py" "$1" "$library" >"$work/out" 2>"$work/errors" &
   running=$!
   wait_window '^Order$' "$running"
 }
 
-found="SELECT ID FROM Cust WHERE Entity = 'MAIN' AND Inactive = 0 AND UPPER(Company) LIKE '%AN%' ORDER BY UPPER(Company)"
+found="SELECT ID FROM Cust WHERE Inactive = 0 AND UPPER(Company) LIKE '%AN%' ORDER BY UPPER(Company)"
 
 # A cancelled pick changes nothing; then the first customer that is found.
 start_window "$company"
