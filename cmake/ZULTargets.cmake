@@ -51,19 +51,28 @@ function(zul_library target)
     FILES ${arg_HEADERS} "${PROJECT_BINARY_DIR}/include/${arg_FOLDER}/${lower}_export.h")
   target_include_directories(${target} PUBLIC
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zul>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
   target_link_options(${target} PRIVATE "-Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/OwnSymbols.map")
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/OwnSymbols.map")
-  install(TARGETS ${target} EXPORT ZULPickListsTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zul)
+  set_property(GLOBAL APPEND PROPERTY ZUL_LIBRARIES ${target})
+  set_property(GLOBAL APPEND PROPERTY ZUL_INSTALLED ${target})
+  if(ZUL_INSTALL)
+    install(TARGETS ${target} EXPORT ZULPickListsTargets
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+      FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zul COMPONENT development)
+  endif()
 endfunction()
 
-# A program of the project (not of the tests).
+# A program of the project (not of the tests), installed with the others.
 function(zul_program target)
   add_executable(${target} ${ARGN})
   zul_target_defaults(${target})
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+  set_property(GLOBAL APPEND PROPERTY ZUL_INSTALLED ${target})
+  if(ZUL_INSTALL)
+    install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+  endif()
 endfunction()
 
 # Tests need no more than a light optimization, which compiles faster; GCC 12 also warns of std::string copies out of bounds that

@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "sample/SchemaSql.h"
-#include "sample/store/PostgreSQLSink.h"
 #include "sample/store/SQLiteSink.h"
 #include "sample/tables/Company.h"
 
@@ -120,13 +119,6 @@ void CreateCompany(const std::string& FileName, const TOptions& Options) {
     TSQLiteSink Sink(Handle);
     WriteCompany(Sink, Options);
   });
-}
-
-void CreateCompanyOnServer(const std::string& Address, const TOptions& Options) {
-  using TExisting = TPostgreSQLSink::TExisting;
-  const TPostgreSQLHandle Handle = OpenServer(Address);
-  TPostgreSQLSink Sink(Handle.get(), Options.Overwrite ? TExisting::Replace : TExisting::Refuse);
-  WriteCompany(Sink, Options);
 }
 
 }  // namespace sample

@@ -46,7 +46,7 @@ void CreateCompany(const std::string& FileName, const TOptions& Options = {});
 
 /// Creates the same company in a database of a PostgreSQL server, given by its address (postgresql://…). Throws
 /// `std::runtime_error` when one of its tables is there already (unless `Overwrite`, which replaces them) and for every
-/// failure; the database is as it was then.
+/// failure, which a build without PostgreSQL always is; the database is as it was then.
 void CreateCompanyOnServer(const std::string& Address, const TOptions& Options = {});
 
 }  // namespace sample

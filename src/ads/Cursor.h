@@ -103,7 +103,8 @@ void RegisterSQLiteFunctions(sqlite3* Handle);
 /// Reads through SQLite's C API.
 std::unique_ptr<TCursor> NewSQLiteCursor(const QSqlDatabase& Database);
 
-/// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one.
+/// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one. In a build
+/// without PostgreSQL such a connection throws `EDatabaseError`, which says so.
 pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
 
 /// Reads through libpq, where the server refuses every write and nothing stays behind. Another cursor that is being
@@ -111,6 +112,7 @@ pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
 std::unique_ptr<TCursor> NewPostgreSQLCursor(const QSqlDatabase& Database);
 
 /// The ODBC connection (a SQLHDBC) behind an open connection of Qt's ODBC driver; null when its driver is another one.
+/// In a build without ODBC a connection of that driver throws `EDatabaseError`, which says so.
 void* ODBCHandle(const QSqlDatabase& Database);
 
 /// What the ODBC driver says that it talks to.
