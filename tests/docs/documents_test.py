@@ -312,6 +312,27 @@ def command_in_a_sentence(run, program, words):
             raise Failure(f"{program} has no option {word}")
 
 
+# --- the layers -----------------------------------------------------------------------------------------------------
+
+
+ROW = re.compile(r"^\| (`[^|]+`) \| ZUL\w+ \|", re.M)
+INCLUDE = re.compile(r'^#include "(\w+)/', re.M)
+
+
+def layers(run):
+    """A folder includes only itself and what stands below it in the table of the architecture."""
+    table = (run.source / "docs" / "architecture.md").read_text(encoding="utf-8")
+    order = [re.match(r"`(\w+)", row).group(1) for row in ROW.findall(table)]
+    folders = {path.name for path in (run.source / "src").iterdir() if path.is_dir()}
+    if folders != set(order):
+        raise Failure(f"the table of layers has {sorted(order)}, src has {sorted(folders)}")
+    for above in order:
+        for file in (run.source / "src" / above).rglob("*.[ch]*"):
+            for below in INCLUDE.findall(file.read_text(encoding="utf-8")):
+                if below not in order or order.index(below) < order.index(above):
+                    raise Failure(f"{file.relative_to(run.source)} includes {below}")
+
+
 # --------------------------------------------------------------------------------------------------------------------
 
 
@@ -333,6 +354,7 @@ def try_all(run):
             failures += 1
             print(f"FAIL {where}: {error}", flush=True)
 
+    attempt("the table of layers", layers, run)
     for name in documents(run.source):
         found, spans = blocks.read(run.source / name, name)
         attempt(name, application, run, name, found)

@@ -1,6 +1,9 @@
 """An application made of a document's C++ blocks: the frame around them is the same for every document."""
 import pathlib
 import re
+import sys
+
+import blocks as documents
 
 FRAME = pathlib.Path(__file__).parent / "frame"
 FILE_SCOPE = re.compile(r"^(?:\S.*\)\s*(?:const\s*)?\{|(?:class|struct|namespace|extern)\b.*\{)\s*$")
@@ -54,3 +57,9 @@ def write_project(folder, cpp_blocks, cmake_block):
     (folder / "CMakeLists.txt").write_text(
         "cmake_minimum_required(VERSION 3.25)\nproject(application LANGUAGES CXX)\n"
         "add_executable(application main.cpp fragments.cpp)\n" + cmake_block.text + "\n")
+
+
+if __name__ == "__main__":  # host.py DOCUMENT FOLDER: its example as a project, with its first lines of CMake
+    found, _ = documents.read(pathlib.Path(sys.argv[1]), sys.argv[1])
+    write_project(pathlib.Path(sys.argv[2]), [block for block in found if block.language == "cpp"],
+                  next(block for block in found if block.language == "cmake"))
