@@ -29,7 +29,9 @@ zul_pkgconfig(zulpicklists "${PROJECT_DESCRIPTION}"
   LIBRARIES ZULPickLists ZULToolkit ZULAds ZULCommon REQUIRES "Qt6Widgets >= 6.4" "Qt6Sql >= 6.4")
 zul_pkgconfig(zulcatalog "What can be picked, as data" LIBRARIES ZULCatalog REQUIRES "zulpicklists = ${PROJECT_VERSION}")
 
-set(CMAKE_INSTALL_DOCDIR "${CMAKE_INSTALL_DATAROOTDIR}/doc/zulpicklists")
+if(CMAKE_INSTALL_DOCDIR STREQUAL "${CMAKE_INSTALL_DATAROOTDIR}/doc/${PROJECT_NAME}")
+  set(CMAKE_INSTALL_DOCDIR "${CMAKE_INSTALL_DATAROOTDIR}/doc/zulpicklists")  # unless somebody has chosen another
+endif()
 install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 install(DIRECTORY docs DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 # For those who make a database, or lay the texts of another language over the English ones.

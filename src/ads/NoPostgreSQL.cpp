@@ -1,5 +1,6 @@
-// In place of the PostgreSQL cursor, in a build that was configured without it. Qt's general way of reading is not taken
-// instead: it has neither the transaction in which the server refuses to write nor the savepoint in the host's own.
+// In place of the PostgreSQL cursor, in a build that was configured without it. Qt's general way of reading is not
+// taken instead: it has neither the transaction in which the server refuses to write nor the savepoint in the host's
+// own.
 #include <QSqlDriver>
 
 #include "ads/Cursor.h"

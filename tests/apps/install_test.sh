@@ -58,6 +58,7 @@ flags=
 quietly configure.log "$cmake" -G Ninja -S "$here/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
   -DSOURCES="$work/sources" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE="$type" -DCMAKE_CXX_FLAGS="$flags"
 quietly build.log "$cmake" --build "$work/consumer"
+"$prefix/bin/zulpick" --list >/dev/null  # finds its libraries from where it stands
 "$work/consumer/host"
 "$work/consumer/chost"
 "$work/consumer/loader" "$(find "$prefix" -name libZULPickLists.so)"

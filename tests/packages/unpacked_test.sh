@@ -30,9 +30,10 @@ asks() {
   done
 }
 
-for name in Common Ads Toolkit PickLists Catalog; do
-  has "$library" "lib/[^/]*/libZUL$name\.so\.1" "lib/[^/]*/libZUL$name\.so\.1\.[0-9.]+"
-  has "$development" "lib/[^/]*/libZUL$name\.so"
+for list in "$project"/abi/*.txt; do
+  name=$(basename "$list" .txt)
+  has "$library" "lib/[^/]*/$name\.so\.1" "lib/[^/]*/$name\.so\.1\.[0-9.]+"
+  has "$development" "lib/[^/]*/$name\.so"
 done
 has "$development" "include/zul/picks/reference/uPickCity\.h" "lib/[^/]*/cmake/ZULPickLists/ZULPickListsConfig\.cmake" \
   "lib/[^/]*/pkgconfig/zulpicklists\.pc" "share/zulpicklists/schema\.sql" "share/zulpicklists/en\.txt" \
