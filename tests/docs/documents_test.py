@@ -64,13 +64,16 @@ class Run:
             "QT_QPA_PLATFORM": "offscreen",
         }
         self.environment.pop("ZUL_DB", None)
-        # The project as the documents see it from its top folder, the sample company as ./run has made it.
+        self.make_scratch()
+
+    def make_scratch(self):
+        """The project as the documents see it from its top folder, the sample company as ./run has made it."""
         (self.scratch / "build" / "sample").mkdir(parents=True)
-        (self.scratch / "build" / "release").symlink_to(build)
-        for entry in source.iterdir():
+        (self.scratch / "build" / "release").symlink_to(self.build)
+        for entry in self.source.iterdir():
             if entry.name not in ("build", ".git"):
                 (self.scratch / entry.name).symlink_to(entry)
-        (self.scratch / "zulpicklists").symlink_to(source)
+        (self.scratch / "zulpicklists").symlink_to(self.source)
         self.company = self.scratch / "build" / "sample" / "company.db"
         self.call(["zulsample", self.company])
         german = self.replaced_path("/usr/share/application/picklists.de.txt")

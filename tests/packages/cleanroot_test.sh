@@ -41,7 +41,7 @@ make_base() {
   in_base apt-get -qq update
   in_base apt-get -qq install -y --no-install-recommends g++ cmake ninja-build >"$kept/base.log" 2>&1 ||
     fail "$(tail -n 20 "$kept/base.log")"
-  touch "$kept/complete"
+  touch "$kept/complete"  # what was left half made is made anew
 }
 
 mkdir -p "$archives"
