@@ -5,6 +5,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/SQLLog.h"
 #include "ads/sql/ReadingOnly.h"
 #include "ads/sql/Statement.h"
 
@@ -48,13 +49,21 @@ void TAdsConnection::RequireOwnThread() const {
   throw EDatabaseError("The database connection belongs to another thread.");
 }
 
+bool TAdsConnection::IsOfOwnSQLite() const {
+  if (!IsOfOwnSQLite_ && Database_.isOpen()) IsOfOwnSQLite_ = ads::IsOfOwnSQLite(Database_);
+  return IsOfOwnSQLite_.value_or(false);
+}
+
 const sql::TDialect& TAdsConnection::Dialect() const {
   RequireOwnThread();
   if (void* Handle = ODBCHandle(Database_)) return ODBCDialect(Handle);
+  // A library that is not ours cannot be given functions.
+  if (SQLiteHandle(Database_) != nullptr && IsOfOwnSQLite()) return Shared<sql::TSQLiteDialect>();
+  if (SQLiteHandle(Database_) != nullptr) return Shared<sql::TPlainSQLiteDialect>();
   const QSqlDriver* Driver = Database_.driver();
   switch (Driver != nullptr ? Driver->dbmsType() : QSqlDriver::UnknownDbms) {
     case QSqlDriver::SQLite:
-      return Shared<sql::TSQLiteDialect>();
+      return Shared<sql::TPlainSQLiteDialect>();
     case QSqlDriver::PostgreSQL:
       return Shared<sql::TPostgreSQLDialect>();
     default:
@@ -100,8 +109,12 @@ TListStatements TAdsConnection::Statements(const std::string& Sql, std::span<con
 }
 
 std::unique_ptr<TCursor> TAdsConnection::NewCursor() const {
-  if (sqlite3* Handle = SQLiteHandle(Database_)) {
-    RegisterSQLiteFunctions(Handle);
+  return Logged(NewPlainCursor());
+}
+
+std::unique_ptr<TCursor> TAdsConnection::NewPlainCursor() const {
+  if (IsOfOwnSQLite()) {
+    RegisterSQLiteFunctions(SQLiteHandle(Database_));
     return NewSQLiteCursor(Database_);
   }
   if (PostgreSQLHandle(Database_) != nullptr) return NewPostgreSQLCursor(Database_);

@@ -94,13 +94,18 @@ class ZULADS_EXPORT TCursor {
 /// Throws the `EConnectionLost` for a connection that has broken off; `Message` is what the driver says of it.
 [[noreturn]] void RaiseConnectionLost(const std::string& Message);
 
-/// The SQLite handle behind a connection; null when its driver is another one.
+/// The SQLite handle behind a connection; null when its driver is another one. It belongs to the driver's own SQLite
+/// library, so it is no more than an address unless `IsOfOwnSQLite`.
 sqlite3* SQLiteHandle(const QSqlDatabase& Database);
+
+/// Whether a connection's SQLite library is the very one that this program uses, so that its C API may be called with
+/// the handle. Qt's driver may bring a library of its own. Asks the open connection once.
+bool IsOfOwnSQLite(const QSqlDatabase& Database);
 
 /// Gives the connection the functions that the SQLite dialect calls, once for as long as it is open.
 void RegisterSQLiteFunctions(sqlite3* Handle);
 
-/// Reads through SQLite's C API.
+/// Reads through SQLite's C API; for a connection that is of our own SQLite.
 std::unique_ptr<TCursor> NewSQLiteCursor(const QSqlDatabase& Database);
 
 /// The libpq connection behind a connection of Qt's PostgreSQL driver; null when its driver is another one. In a build
@@ -122,7 +127,7 @@ TODBCServer ODBCServer(void* Handle);
 /// Reads through ODBC; on PostgreSQL as `NewPostgreSQLCursor` does.
 std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase& Database);
 
-/// Reads through Qt's generic result.
+/// Reads through Qt's generic result: any other server, and a SQLite library of the driver's own.
 std::unique_ptr<TCursor> NewQSqlCursor(const QSqlDatabase& Database);
 
 }  // namespace ads

@@ -15,6 +15,7 @@
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
 #include "ads/PostgreSQLStatements.h"
+#include "ads/SQLLog.h"
 #include "zulcommon/Ascii.h"
 #include "zulcommon/Text.h"
 
@@ -89,7 +90,11 @@ class TStatementHandle {
   /// The connection was closed, which has freed the statement.
   void Abandon() { Handle_ = nullptr; }
 
-  void Execute(const std::string& Sql) { Require(ExecuteWide(QString::fromStdString(Sql))); }
+  /// A statement of the library's own, at once.
+  void Execute(const std::string& Sql) {
+    LogOwn(Sql);
+    Require(ExecuteWide(QString::fromStdString(Sql)));
+  }
 
   /// Lets the driver give back from a statement before it is executed, where it can.
   void AllowAsynchronous() {

@@ -9,6 +9,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/SQLLog.h"
 #include "zulcommon/Text.h"
 
 namespace ads {
@@ -56,6 +57,7 @@ void TPostgreSQLTalk::RaiseLost() const {
 }
 
 void TPostgreSQLTalk::Send(const std::string& Statements) {
+  LogOwn(Statements);
   if (PQsendQuery(Handle_, Statements.c_str()) != 0) return;
   if (IsLost()) RaiseLost();
   throw EDatabaseError(ConnectionMessage(Handle_));

@@ -15,6 +15,7 @@
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
 #include "ads/Fiber.h"
+#include "ads/SQLLog.h"
 #include "ads/sql/LikePattern.h"
 #include "zulcommon/Text.h"
 
@@ -57,15 +58,36 @@ bool IsRegistered(sqlite3* Handle) {
   return Registered().Handles.contains(Handle);
 }
 
-// Qt's driver may bring a SQLite of its own; a handle of that one must not reach the functions of another.
-void RequireSameLibrary(const QSqlDatabase& Database) {
-  static const std::string Theirs = [&] {
-    QSqlQuery Query(QStringLiteral("SELECT sqlite_source_id()"), Database);
-    return Query.next() ? Query.value(0).toString().toStdString() : std::string();
-  }();
-  if (!Theirs.empty() && Theirs != sqlite3_sourceid()) {
-    throw EDatabaseError("Qt's SQLite driver was built with another SQLite library than this program uses: " + Theirs);
-  }
+// The rows of a query of ours, one text each, by whatever library the driver has; nothing when it fails.
+std::string Answers(const QSqlDatabase& Database, const char* Sql) {
+  LogOwn(Sql);
+  QSqlQuery Query(Database);
+  Query.setForwardOnly(true);
+  std::string Result;
+  if (!Query.exec(QLatin1String(Sql))) return Result;
+  while (Query.next()) Result += Query.value(0).toString().toStdString() + '\n';
+  return Result;
+}
+
+std::string OwnOptions() {
+  std::string Result;
+  for (int Index = 0; const char* Option = sqlite3_compileoption_get(Index); ++Index) Result.append(Option) += '\n';
+  return Result;
+}
+
+// Whether the library of the driver was built from the same source with the same options as this one. Asked by SQL,
+// because the handle of another build must not reach a function of ours.
+bool IsSameBuild(const QSqlDatabase& Database) {
+  return Answers(Database, "SELECT sqlite_source_id()") == std::string(sqlite3_sourceid()) + '\n' &&
+         Answers(Database, "PRAGMA compile_options") == OwnOptions();
+}
+
+// Two copies of one build lay a handle out alike, but each has its own allocator's counts, caches and file locks, and
+// its own file systems, by which they can be told apart.
+bool IsSameCopy(sqlite3* Handle) {
+  sqlite3_vfs* Theirs = nullptr;
+  if (sqlite3_file_control(Handle, "main", SQLITE_FCNTL_VFS_POINTER, &Theirs) != SQLITE_OK) return false;
+  return Theirs != nullptr && sqlite3_vfs_find(Theirs->zName) == Theirs;
 }
 
 }  // namespace
@@ -300,8 +322,13 @@ sqlite3* SQLiteHandle(const QSqlDatabase& Database) {
   if (Database.driver() == nullptr) return nullptr;
   const QVariant Handle = Database.driver()->handle();
   if (!Handle.isValid() || std::strcmp(Handle.typeName(), "sqlite3*") != 0) return nullptr;
-  RequireSameLibrary(Database);
   return *static_cast<sqlite3* const*>(Handle.constData());
+}
+
+bool IsOfOwnSQLite(const QSqlDatabase& Database) {
+  sqlite3* Handle = SQLiteHandle(Database);
+  if (Handle == nullptr) return false;
+  return IsRegistered(Handle) || (IsSameBuild(Database) && IsSameCopy(Handle));
 }
 
 void RegisterSQLiteFunctions(sqlite3* Handle) {

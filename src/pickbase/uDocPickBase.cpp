@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QLoggingCategory>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -26,6 +25,7 @@
 #include "frame/uZULPickPlsWait.h"
 #include "pickbase/PickCall.h"
 #include "pickbase/PickIcon.h"
+#include "pickbase/PickLog.h"
 #include "pickbase/TitleMeanings.h"
 #include "pickbase/UserInterface.h"
 #include "toolkit/ActionButton.h"
@@ -58,8 +58,6 @@ void EndUnit() {
 }
 
 namespace {
-
-Q_LOGGING_CATEGORY(PickLog, "zul.pick")
 
 constexpr int SelectCaptionText = 65521;     // "Select %s"
 constexpr int AvailableCaptionText = 65522;  // "Available %s"
@@ -223,6 +221,7 @@ void TDocPickBase::NameAfterClass() {
 // The construction steps, on the complete object.
 void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   if (Connection == nullptr) throw ads::EDatabaseError("A pick needs a database connection.");
+  pickbase::LogOpening(*this, *Connection);
   for (ads::TDataSet* DataSet : findChildren<ads::TDataSet*>()) {
     DataSet->SetConnection(Connection);
     DataSet->OnProgress = toolkit::ServeEvents;
@@ -348,11 +347,20 @@ void TDocPickBase::RunQuery() {
     toolkit::ServeEvents();
     if (StillThere == nullptr || !isVisible()) return;
   }
-  if (!IsStopped_) SetSQL();
+  if (IsStopped_) return;
+  pickbase::LogRows(*this);
+  const QPointer<TDocPickBase> StillThere(this);
+  try {
+    SetSQL();
+  } catch (const ads::EDatabaseError& Error) {
+    if (StillThere != nullptr) pickbase::LogPick(*this, "the query failed", Error.what());
+    throw;
+  }
 }
 
 // Before the dialog is built there is nobody who could pick from what is there.
 void TDocPickBase::StopQuery() {
+  pickbase::LogPick(*this, "stopped by the user");
   IsStopped_ = true;
   IsGivenUp_ = !IsBuilt_;
   QueryAgain_ = false;
@@ -385,13 +393,19 @@ void TDocPickBase::TConstruction::Run(TDocPickBase& Dialog, ads::TAdsConnection*
 }
 
 bool TDocPickBase::ShowPick() {
-  if (IsGivenUp_) return false;
-  if (!ShowIfEmpty && qryList_->Bof() && qryList_->Eof()) return false;
   const QPointer<TDocPickBase> StillThere(this);
-  if (!TakeLastKeys()) return false;
+  if (!IsGivenUp_ && !ShowIfEmpty && qryList_->Bof() && qryList_->Eof()) {
+    pickbase::LogPick(*this, "not shown, there is nothing to choose from");
+    return false;
+  }
+  if (IsGivenUp_ || !TakeLastKeys()) {
+    if (StillThere != nullptr) pickbase::LogPick(*this, "given up before it was shown");
+    return false;
+  }
   AwaitActivation();
   const bool IsPicked = ShowModal();
   if (StillThere == nullptr) return false;
+  pickbase::LogPick(*this, IsPicked ? "chosen" : "cancelled");
   // Nothing is read for a list that nobody looks at. The one that was picked from was the whole list.
   if (IsPicked) {
     qryList_->GiveUpRest();
@@ -661,7 +675,7 @@ void TDocPickBase::OpenWithoutFind(const TQueryState& State, const TPickChoices&
   const QPointer<TDocPickBase> StillThere(this);
   OpenBuilt(State, Choices, Recipe, false);
   if (StillThere == nullptr || IsStopped_ || !State.WithFind) return;
-  qCWarning(PickLog) << "A search could not be done, the whole list is shown instead:" << Shown(Why);
+  pickbase::LogPick(*this, "the search could not be done, the whole list is shown", Why);
   SearchFailed_ = true;
   TellRows();
 }

@@ -74,6 +74,7 @@ class tst_Zulpick : public QObject {
   void shouldTellWhatIsNoDatabase();
   void shouldTakeTheDatabaseFromTheEnvironment();
   void shouldPassOnTheDatabasesMessage();
+  void shouldTellTheStatementsWhenAsked();
   void shouldRefuseABadTextTableAndDatePattern();
   void shouldNotEchoAPassword();
   void shouldNameAMissingDriver();
@@ -162,6 +163,20 @@ void tst_Zulpick::shouldPassOnTheDatabasesMessage() {
   Company.Execute(QStringLiteral("DROP TABLE Area"));
   const TRun Result = Run({"city", "--db", QString::fromStdString(Company.FileName())});
   COMPARE_RUN(Result, DatabaseError, "Area");
+}
+
+void tst_Zulpick::shouldTellTheStatementsWhenAsked() {
+  support::TTestCompany Company(support::TTestCompany::TRows::None);
+  Company.Execute(QStringLiteral("DROP TABLE Area"));
+  const QString File = "--db=" + QString::fromStdString(Company.FileName());
+  QVERIFY(!Run({"city", File}).Errors.contains("zul."));
+  QProcessEnvironment Variables = Environment();
+  Variables.insert("QT_LOGGING_RULES", "zul.*=true");
+  const TRun Result = Run({"city", File}, Variables);
+  QCOMPARE(Result.Code, DatabaseError);
+  QVERIFY2(Result.Errors.contains("\nzul.sql: [1] SELECT "), qPrintable(Result.Errors));
+  QVERIFY2(Result.Errors.contains("\nzul.pick: frmPickCity: the query failed: no such table: Area\n"),
+           qPrintable(Result.Errors));
 }
 
 void tst_Zulpick::shouldRefuseABadTextTableAndDatePattern() {

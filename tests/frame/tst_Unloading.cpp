@@ -130,6 +130,30 @@ class tst_Unloading : public QObject {
       Execute(Database_, "SELECT zul_upper('é'), zul_like(Zip, '1%') FROM Area");
     }
   }
+
+  // Qt knows logging categories by their addresses, and visits each when the rules change.
+  void shouldLeaveNoLoggingCategoryBehind() {
+    static int Told = 0;
+    const auto Count = [](QtMsgType, const QMessageLogContext& Context, const QString&) {
+      if (QByteArray(Context.category).startsWith("zul.pick")) ++Told;
+    };
+    const QtMessageHandler Before = qInstallMessageHandler(Count);
+    for (int Round = 0; Round < 3; ++Round) {
+      Told = 0;
+      QLoggingCategory::setFilterRules("zul.*=true");
+      {
+        const TModule Module;
+        QTimer User;
+        connect(&User, &QTimer::timeout, DriveDialog);
+        User.start(10);
+        Module.PickCity(Database_);
+      }
+      QLoggingCategory::setFilterRules("");
+      QVERIFY(Told > 0);
+      QCOMPARE(Mapped(), QStringList({"libZULAds", "libZULCommon"}));
+    }
+    qInstallMessageHandler(Before);
+  }
 };
 
 QTEST_MAIN(tst_Unloading)

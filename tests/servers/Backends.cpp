@@ -1,6 +1,9 @@
 #include "servers/Backends.h"
 
+#include <sqlite3.h>
+
 #include <QFile>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
@@ -16,6 +19,7 @@ constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";  // the name under which
 QString DriverOf(TBackendKind Kind) {
   switch (Kind) {
     case TBackendKind::SQLite:
+    case TBackendKind::OtherSQLite:
       return QStringLiteral("QSQLITE");
     case TBackendKind::PostgreSQL:
       return QStringLiteral("QPSQL");
@@ -28,6 +32,15 @@ void Close(QSqlDatabase& Database) {
   const QString Name = Database.connectionName();
   Database = {};
   QSqlDatabase::removeDatabase(Name);
+}
+
+// A function takes the place of SQLite's own of that name, for this connection alone.
+void BecomeAnotherBuild(const QSqlDatabase& Database) {
+  const auto Tell = [](sqlite3_context* Context, int, sqlite3_value**) {
+    sqlite3_result_text(Context, "another build", -1, SQLITE_STATIC);
+  };
+  auto* Handle = *static_cast<sqlite3* const*>(Database.driver()->handle().constData());
+  sqlite3_create_function(Handle, "sqlite_source_id", 0, SQLITE_UTF8, nullptr, Tell, nullptr, nullptr);
 }
 
 QString DataOf(const QSqlDatabase& Database) {
@@ -53,6 +66,8 @@ const char* NameOf(TBackendKind Kind) {
       return "PostgreSQL";
     case TBackendKind::ODBCSQLite:
       return "SQLite by ODBC";
+    case TBackendKind::OtherSQLite:
+      return "SQLite of another build";
     default:
       return "PostgreSQL by ODBC";
   }
@@ -127,6 +142,7 @@ QSqlDatabase TBackends::Connect(TBackendKind Kind, const QString& Name, const QS
   QSqlDatabase Database = QSqlDatabase::addDatabase(DriverOf(Kind), QUuid::createUuid().toString());
   switch (Kind) {
     case TBackendKind::SQLite:
+    case TBackendKind::OtherSQLite:
       Database.setDatabaseName(Name);
       break;
     case TBackendKind::PostgreSQL:
@@ -142,7 +158,7 @@ QSqlDatabase TBackends::Connect(TBackendKind Kind, const QString& Name, const QS
                                    .arg(PostgreSQLODBC, Server_->Host(), Name, Account, Options));
       break;
   }
-  Database.open();
+  if (Database.open() && Kind == TBackendKind::OtherSQLite) BecomeAnotherBuild(Database);
   return Database;
 }
 

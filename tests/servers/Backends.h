@@ -14,10 +14,16 @@
 namespace support {
 
 /// The kinds of connection over which a pick must give the same.
-enum class TBackendKind { SQLite, PostgreSQL, ODBCSQLite, ODBCPostgreSQL };
+enum class TBackendKind { SQLite, PostgreSQL, ODBCSQLite, ODBCPostgreSQL, OtherSQLite };
 
 inline constexpr TBackendKind AllBackends[] = {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::ODBCSQLite,
                                                TBackendKind::ODBCPostgreSQL};
+
+/// The same, and Qt's own driver with a SQLite library that says of itself that it is another build than this
+/// program's.
+inline constexpr TBackendKind AllAndOtherSQLite[] = {TBackendKind::SQLite, TBackendKind::PostgreSQL,
+                                                     TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
+                                                     TBackendKind::OtherSQLite};
 
 /// To name a test's row after.
 const char* NameOf(TBackendKind Kind);

@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <QFile>
-#include <QLoggingCategory>
 #include <QSqlDriver>
 #include <QSqlQuery>
 
@@ -61,8 +60,6 @@ void AddActingFunctions(TBackend& Backend) {
 
 THostileBackends::THostileBackends() {
   RecordStatements(Backends_);
-  // Each failed search would be one of the messages of which a test shows only so many.
-  QLoggingCategory::setFilterRules(QStringLiteral("zul.pick=false"));
 #ifdef ZUL_RECORDING_ODBC
   qputenv("ZUL_ODBC_SERVER", "SQLite");
   qputenv("ZUL_ODBC_RECORD", QFile::encodeName(Folder_.filePath(QStringLiteral("record"))));

@@ -41,7 +41,7 @@ class tst_BadDays : public QObject {
 
   void AddBackends(bool OnlyPostgreSQL) {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) {
+    for (const TBackendKind Kind : support::AllAndOtherSQLite) {
       if (!OnlyPostgreSQL || support::IsOnPostgreSQL(Kind)) QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }

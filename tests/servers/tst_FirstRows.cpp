@@ -44,7 +44,7 @@ class tst_FirstRows : public QObject {
 
   void AddBackends() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::AllAndOtherSQLite) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void AddEmbeddedOnes() {
     QTest::addColumn<TBackendKind>("Kind");

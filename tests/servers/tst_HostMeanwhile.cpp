@@ -103,6 +103,7 @@ class tst_HostMeanwhile : public QObject {
             << Kind << QString(Options) << InTransaction;
       };
       Add(TBackendKind::SQLite, "");
+      Add(TBackendKind::OtherSQLite, "");
       Add(TBackendKind::PostgreSQL, "");
       Add(TBackendKind::ODBCSQLite, "");
       Add(TBackendKind::ODBCPostgreSQL, "UseDeclareFetch=0");

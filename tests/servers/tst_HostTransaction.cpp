@@ -55,7 +55,8 @@ class tst_HostTransaction : public QObject {
   void AddBackends() {
     QTest::addColumn<TBackendKind>("Kind");
     QTest::addColumn<QString>("Options");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind << QString();
+    for (const TBackendKind Kind : support::AllAndOtherSQLite)
+      QTest::newRow(support::NameOf(Kind)) << Kind << QString();
     for (const char* Options : {"UseDeclareFetch=1", "UseServerSidePrepare=0", "Protocol=7.4-0"}) {
       QTest::newRow(Options) << TBackendKind::ODBCPostgreSQL << QString(Options);
     }

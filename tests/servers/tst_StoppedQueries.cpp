@@ -345,7 +345,7 @@ class tst_StoppedQueries : public QObject {
 
   void shouldStopBetweenRows_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::AllAndOtherSQLite) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void shouldStopBetweenRows() {
     QFETCH(const TBackendKind, Kind);
