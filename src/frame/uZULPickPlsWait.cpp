@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
@@ -13,6 +12,7 @@
 #include "frame/uZULPickListsUtils.h"
 #include "toolkit/EventGuard.h"
 #include "toolkit/GroupBox.h"
+#include "toolkit/Label.h"
 #include "toolkit/QuietLoop.h"
 #include "zulcommon/StringTable.h"
 
@@ -38,11 +38,10 @@ TZULPickPlsWait::TZULPickPlsWait(QWidget* Owner, const std::string& Message, boo
   gbPleaseWait = new toolkit::TGroupBox(this);
   gbPleaseWait->setObjectName(QStringLiteral("gbPleaseWait"));
   gbPleaseWait->setGeometry(4, 4, 264, 36);
-  lblStatus = new QLabel(gbPleaseWait);
+  lblStatus = new toolkit::TLabel(gbPleaseWait);
   lblStatus->setObjectName(QStringLiteral("lblStatus"));
   lblStatus->setGeometry(4, 16, 256, 17);
   lblStatus->setAlignment(Qt::AlignCenter);
-  lblStatus->setTextFormat(Qt::PlainText);
   tmCapt = new QTimer(this);
   tmCapt->setObjectName(QStringLiteral("tmCapt"));
   tmCapt->setInterval(1500);

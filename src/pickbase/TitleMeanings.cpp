@@ -25,7 +25,7 @@ constexpr std::array Meanings{
 
 void NameLetterColumns(toolkit::TDBGrid& Grid) {
   for (toolkit::TColumn* Column : Grid.Columns()) {
-    if (Column->Field() == nullptr || Column->Title().size() != 1) continue;
+    if (Column->Field() == nullptr || QString::fromStdString(Column->Title()).size() != 1) continue;
     const auto Meaning = std::find_if(Meanings.begin(), Meanings.end(), [Column](const TMeaning& Each) {
       return Each.Field == Column->Field()->FieldName();
     });

@@ -15,6 +15,8 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -34,8 +36,10 @@
 #include "toolkit/EventGuard.h"
 #include "toolkit/Formats.h"
 #include "toolkit/GroupBox.h"
+#include "toolkit/Label.h"
 #include "toolkit/Mnemonic.h"
 #include "toolkit/QuietLoop.h"
+#include "toolkit/WholeText.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
 #include "zulcommon/Text.h"
@@ -65,8 +69,6 @@ constexpr int NoDateText = 6023;
 constexpr int NoNumberText = 6097;
 constexpr int RetrievingText = 5000;
 
-constexpr char NothingFound[] = "Nothing found";
-
 constexpr int Gap = 4;
 constexpr int ListHeight = 328;
 constexpr int ListPadding = 16;
@@ -92,6 +94,15 @@ constexpr int MostDecimals = 12;
 std::string DecimalsFormat(int Decimals) {
   const auto Zeros = static_cast<std::size_t>(std::clamp(Decimals, 0, MostDecimals));
   return Zeros > 0 ? ",0." + std::string(Zeros, '0') : ",0";
+}
+
+// The pixels that a line edit has for its text.
+int PlaceholderRoom(const QLineEdit& Edit) {
+  constexpr int Margin = 2;  // the line edit's own, at each side
+  QStyleOptionFrame Option;
+  Option.initFrom(&Edit);
+  Option.lineWidth = Edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &Option, &Edit);
+  return Edit.style()->subElementRect(QStyle::SE_LineEditContents, &Option, &Edit).width() - 2 * Margin;
 }
 
 int ChoicesHeight(const toolkit::TRadioGroup& Group) {
@@ -133,7 +144,7 @@ void TDocPickBase::CreateFind() {
   edFind = Named(new QLineEdit(gbFind), "edFind");
   edFind->setGeometry(Gap, 16, 75, 22);
   edFind->setMaxLength(LongestFindText);
-  bbnFInd = Named(new QPushButton(gbFind), "bbnFInd");
+  bbnFInd = Named(new toolkit::TActionButton(gbFind), "bbnFInd");
   bbnFInd->setGeometry(Gap, 40, 75, 25);
   rgFindBy = Named(new toolkit::TRadioGroup(pnlForm), "rgFindBy");
   rgFindBy->setGeometry(209, 73, ChoicesWidth, 62);
@@ -145,13 +156,12 @@ void TDocPickBase::CreateFind() {
 
 void TDocPickBase::CreateButtons() {
   pnlButtons = Named(new QWidget(this), "pnlButtons");
-  bbnOK = Named(new QPushButton(pnlButtons), "bbnOK");
+  bbnOK = Named(new toolkit::TActionButton(pnlButtons), "bbnOK");
   bbnOK->setGeometry(4, 4, 75, 25);
-  bbnCancel = Named(new QPushButton(pnlButtons), "bbnCancel");
+  bbnCancel = Named(new toolkit::TActionButton(pnlButtons), "bbnCancel");
   bbnCancel->setGeometry(4, 30, 75, 25);
-  lblRows = Named(new QLabel(pnlButtons), "lblRows");
+  lblRows = Named(new toolkit::TLabel(pnlButtons), "lblRows");
   lblRows->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-  lblRows->setTextFormat(Qt::PlainText);
   lblRows->setWordWrap(true);
   actOK = Named(new QAction(this), "actOK");
   actFind = Named(new QAction(this), "actFind");
@@ -229,11 +239,13 @@ void TDocPickBase::Build(ads::TAdsConnection* Connection) {
   }
   if (pickbase::TPickCall* Call = pickbase::TPickCall::Current()) Call->OnGiveUp = [this] { StopQuery(); };
   LoadCaptions();
+  LoadOwnCaptions();
   ReadSys();
   SetShowIfEmpty(true);
   InSetup = true;
   SetUpColumns();
   InSetup = false;
+  LoadOwnLabels();
   pickbase::NameLetterColumns(*dbgAvail);
   const bool HasFindBy = rgFindBy->Items().Count() > 0;
   rgFindBy->setVisible(HasFindBy);
@@ -270,6 +282,29 @@ void TDocPickBase::LoadCaptions() {
   rgOrderBy->setTitle(Shown(LoadZULResString(5035)));
   ckbDesc->setText(Shown(LoadZULResString(5036)));
   edFind->setAccessibleName(toolkit::WithoutMnemonic(gbFind->title()));
+}
+
+// What the constructor has set, before it could know the dialog's name.
+void TDocPickBase::LoadOwnCaptions() {
+  SetCaption(OwnText("Caption", Caption()));
+  if (!AvailableCaption.empty()) SetAvailableCaption(AvailableCaption);
+  for (QCheckBox* Box : Boxes_) {
+    Box->setText(Shown(OwnText(Box->objectName().toStdString() + ".Caption", Box->text().toStdString())));
+  }
+}
+
+void TDocPickBase::LoadOwnLabels() {
+  for (const toolkit::TColumn* Column : dbgAvail->Columns()) {
+    if (TField* Field = Column->Field()) Field->SetDisplayLabel(OwnLabel(*Field, Field->DisplayLabel()));
+  }
+}
+
+std::string TDocPickBase::OwnLabel(const TField& Field, const std::string& Label) const {
+  return OwnText(Field.objectName().toStdString() + ".DisplayLabel", Label);
+}
+
+std::string TDocPickBase::OwnText(const std::string& Name, const std::string& Default) const {
+  return zulcommon::Translated(objectName().toStdString() + '.' + Name, Default);
 }
 
 void TDocPickBase::ReadSys() {
@@ -550,13 +585,13 @@ void TDocPickBase::RemoveColumn(const TField* Field, bool Adjust) {
 }
 
 void TDocPickBase::SetPickCaption(const std::string& Subject) {
-  PickCaption = Subject;
-  SetCaption(zulcommon::FormatText(LoadZULResString(SelectCaptionText), {Subject}));
+  PickCaption = IsBuilt_ ? Subject : OwnText("PickCaption", Subject);
+  SetCaption(zulcommon::FormatText(LoadZULResString(SelectCaptionText), {PickCaption}));
 }
 
 void TDocPickBase::SetAvailableCaption(const std::string& Subject) {
-  AvailableCaption = Subject;
-  const QString Caption = Shown(zulcommon::FormatText(LoadZULResString(AvailableCaptionText), {Subject}));
+  AvailableCaption = IsBuilt_ ? Subject : OwnText("AvailableCaption", Subject);
+  const QString Caption = Shown(zulcommon::FormatText(LoadZULResString(AvailableCaptionText), {AvailableCaption}));
   gbList->setTitle(Caption);
   dbgAvail->setAccessibleName(Caption);
 }
@@ -579,7 +614,10 @@ std::string TDocPickBase::FindText() const {
 
 std::string TDocPickBase::FindDate() const {
   const std::optional<QDate> Date = toolkit::ReadDate(TypedText());
-  if (!Date) throw toolkit::EConvertError("'" + TypedText() + "' is not a valid date.");
+  if (!Date) {
+    const std::string Format = OwnText("edFind.NoDate", "'%s' is not a valid date.");
+    throw toolkit::EConvertError(zulcommon::FormatText(Format, {TypedText()}));
+  }
   return toolkit::FormatDate(SQL_DATE_FMT, *Date);
 }
 
@@ -680,20 +718,30 @@ void TDocPickBase::OpenWithoutFind(const TQueryState& State, const TPickChoices&
   TellRows();
 }
 
+QString TDocPickBase::RowsText() const {
+  const bool IsKnown = qryList_->Active() && qryList_->IsComplete();
+  const int Count = IsKnown ? qryList_->KnownRows() : 0;
+  if (!IsKnown) {
+    return SearchFailed_ ? Shown(OwnText("lblRows.SearchFailed", "The search could not be done. All rows")) : QString();
+  }
+  if (Count == 1) {
+    return Shown(SearchFailed_ ? OwnText("lblRows.SearchFailedOneRow", "The search could not be done. All 1 row")
+                               : OwnText("lblRows.OneRow", "1 row"));
+  }
+  const std::string Format = SearchFailed_
+                                 ? OwnText("lblRows.SearchFailedRows", "The search could not be done. All %s rows")
+                                 : OwnText("lblRows.Rows", "%s rows");
+  return Shown(zulcommon::FormatText(Format, {QLocale().toString(Count).toStdString()}));
+}
+
 // How many rows there are, for the eye and for assistive programs, once it is known. The whole list must not pass for
 // what was found, nor an empty one for a list that could not be read.
 void TDocPickBase::TellRows() {
-  QString Text;
-  if (qryList_->Active() && qryList_->IsComplete()) {
-    const int Count = qryList_->KnownRows();
-    Text = Count == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(QLocale().toString(Count));
-  }
-  if (SearchFailed_) {
-    Text = QStringLiteral("The search could not be done. All %1").arg(Text.isEmpty() ? QStringLiteral("rows") : Text);
-  }
+  const QString Text = RowsText();
   const bool IsNothing = HasSearched_ && qryList_->Active() && qryList_->IsEmpty();
+  const std::string NothingFound = OwnText("dbgAvail.EmptyText", "Nothing found");
   dbgAvail->SetEmptyText(IsNothing ? NothingFound : "");
-  lblRows->setAccessibleName(IsNothing ? QString::fromLatin1(NothingFound) : Text);
+  lblRows->setAccessibleName(IsNothing ? Shown(NothingFound) : Text);
   if (IsNothing) {
     QAccessibleEvent Announced(lblRows, QAccessible::Alert);
     QAccessible::updateAccessibility(&Announced);
@@ -709,6 +757,8 @@ void TDocPickBase::TellFindBy() {
   const int Index = rgFindBy->ItemIndex();
   const QString Column = Index >= 0 ? Shown(rgFindBy->Items()[Index]) : QString();
   edFind->setPlaceholderText(Column);
+  const bool IsCutOff = rgFindBy->ItemIndex() >= 0 && toolkit::TextWidth(Column) > PlaceholderRoom(*edFind);
+  edFind->setToolTip(IsCutOff ? toolkit::AsToolTip(Column) : QString());
   const QString FindBy = toolkit::WithoutMnemonic(rgFindBy->title());
   edFind->setAccessibleDescription(Column.isEmpty() ? QString() : FindBy + ": " + Column);
 }
@@ -829,6 +879,10 @@ void TDocPickBase::SetLabels(const std::vector<std::pair<TField*, int>>& Labels)
 
 void TDocPickBase::SetChoices(TPickChoices Choices, int Default) {
   Choices_ = std::move(Choices);
+  for (TPickChoice& Choice : Choices_) {
+    const bool IsLabel = Choice.Field != nullptr && Choice.Caption == Choice.Field->DisplayLabel();
+    if (IsLabel) Choice.Caption = OwnLabel(*Choice.Field, Choice.Caption);
+  }
   rgFindBy->Items().Clear();
   for (const TPickChoice& Choice : Choices_) rgFindBy->Items().Add(Choice.Caption);
   rgFindBy->SetItemIndex(Default);

@@ -71,6 +71,8 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// Removes the first column that shows the field, if any.
   void RemoveColumn(const ads::TField* Field, bool Adjust);
 
+  /// What is picked, in "Select ..." and "Available ...". While the dialog is created, the table's text under the name
+  /// PickCaption or AvailableCaption stands for the one that is given here, as for all of the dialog's own texts.
   void SetPickCaption(const std::string& Subject);
   void SetAvailableCaption(const std::string& Subject);
   void SetShowIfEmpty(bool Show) { ShowIfEmpty = Show; }
@@ -189,6 +191,11 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   /// The same with a handler of its own instead; it runs guarded.
   QCheckBox* AddCheckBox(const char* Name, const char* Caption, std::function<void()> OnClick);
 
+  /// A text that the dialog holds as its own, in the language of the string table, by its name in this dialog
+  /// ("ckbInactive.Caption"). Captions of boxes, fields' labels and the dialog's captions go through this by
+  /// themselves; `SetUpColumns` and what comes later may ask, the constructor is too early.
+  std::string OwnText(const std::string& Name, const std::string& Default) const;
+
   /// Sets the fields' labels from the string table.
   static void SetLabels(const std::vector<std::pair<ads::TField*, int>>& Labels);
 
@@ -241,6 +248,10 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   void CreateSys();
   void ConnectEvents();
   void LoadCaptions();
+  void LoadOwnCaptions();
+  void LoadOwnLabels();
+  std::string OwnLabel(const ads::TField& Field, const std::string& Label) const;
+  QString RowsText() const;
   void ReadSys();
   void FitList();
   int PlaceBesideList();

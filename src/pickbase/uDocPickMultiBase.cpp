@@ -17,6 +17,11 @@ namespace {
 
 constexpr int HowToTickText = 65539;
 
+// The menu is the same in all dialogs, which have no names yet when it is made.
+QString MenuText(const std::string& Name, const std::string& Default) {
+  return QString::fromStdString(zulcommon::Translated(Name + ".Caption", Default));
+}
+
 // Holds back the grid while the cursor walks.
 class TControlsDisabled {
  public:
@@ -93,9 +98,10 @@ TDocPickMultiBase::TDocPickMultiBase() {
 
   popAllNone = new QMenu(this);
   popAllNone->setObjectName(QStringLiteral("popAllNone"));
-  mniAll = popAllNone->addAction(QStringLiteral("All"), this, [this] { Guarded(this, [this] { mniAllClick(); }); });
+  mniAll = popAllNone->addAction(MenuText("mniAll", "All"), this, [this] { Guarded(this, [this] { mniAllClick(); }); });
   mniAll->setObjectName(QStringLiteral("mniAll"));
-  mniNone = popAllNone->addAction(QStringLiteral("None"), this, [this] { Guarded(this, [this] { mniNoneClick(); }); });
+  mniNone =
+      popAllNone->addAction(MenuText("mniNone", "None"), this, [this] { Guarded(this, [this] { mniNoneClick(); }); });
   mniNone->setObjectName(QStringLiteral("mniNone"));
   SetListHint(zulcommon::LoadZULResString(HowToTickText));
   // In the list only: the find box has a use for Ctrl+A.

@@ -1,11 +1,10 @@
 #include "toolkit/CheckBox.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
-#include <QToolTip>
 
 #include "toolkit/ChoicePainting.h"
+#include "toolkit/WholeText.h"
 
 namespace toolkit {
 
@@ -23,11 +22,12 @@ QSize TCheckBox::sizeHint() const {
   return {QCheckBox::sizeHint().width(), Height};
 }
 
+int TCheckBox::CaptionRoom() const {
+  return ChoiceTextRect(*this).width();
+}
+
 bool TCheckBox::event(QEvent* Event) {
-  const QString Whole = Event->type() == QEvent::ToolTip ? ChoiceToolTip(*this, text()) : QString();
-  if (Whole.isEmpty()) return QCheckBox::event(Event);
-  QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), Whole, this);
-  return true;
+  return ShowWholeText(Event, this, text(), CaptionRoom()) || QCheckBox::event(Event);
 }
 
 bool TCheckBox::hitButton(const QPoint& Position) const {

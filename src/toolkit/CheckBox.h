@@ -18,6 +18,9 @@ class ZULTOOLKIT_EXPORT TCheckBox : public QCheckBox {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
+  /// The pixels that there are for the caption.
+  int CaptionRoom() const;
+
  protected:
   bool event(QEvent* Event) override;
   bool hitButton(const QPoint& Position) const override;

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "toolkit/Mnemonic.h"
+#include "toolkit/WholeText.h"
 
 namespace toolkit {
 
@@ -14,14 +15,9 @@ namespace {
 
 constexpr int IndicatorSize = 12;
 constexpr int TextLeft = 15;
-constexpr int Flags = Qt::TextSingleLine | Qt::TextShowMnemonic;
 
 QRect Mirrored(const QWidget& Button, const QRect& Rect) {
   return QStyle::visualRect(Button.layoutDirection(), Button.rect(), Rect);
-}
-
-int WidthOf(const QWidget& Button, const QString& Text) {
-  return Button.fontMetrics().size(Flags, Text).width();
 }
 
 void PaintFocus(QPainter& Painter, const QWidget& Button, const QStyleOptionButton& Of, const QString& Shown) {
@@ -29,7 +25,7 @@ void PaintFocus(QPainter& Painter, const QWidget& Button, const QStyleOptionButt
   Option.initFrom(&Button);
   Option.state = Of.state;
   Option.backgroundColor = Button.palette().color(QPalette::Window);
-  const int Width = std::min(Button.width() - TextLeft, WidthOf(Button, Shown) + 1);
+  const int Width = std::min(Button.width() - TextLeft, CaptionWidth(Button, Shown) + 1);
   Option.rect = Mirrored(Button, QRect(TextLeft - 1, 0, Width + 1, Button.height()));
   Button.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Painter, &Button);
 }
@@ -46,7 +42,7 @@ void PaintChoice(QPainter& Painter, const QWidget& Button, QStyleOptionButton Op
   Option.rect = Mirrored(Button, QRect(0, (Button.height() - IndicatorSize) / 2, IndicatorSize, IndicatorSize));
   Style.drawPrimitive(Indicator, &Option, &Painter, &Button);
   const QRect Place = ChoiceTextRect(Button);
-  const QString Shown = Button.fontMetrics().elidedText(Text, Qt::ElideRight, Place.width(), Flags);
+  const QString Shown = ElidedCaption(Button, Text, Place.width());
   const int Mnemonic =
       Style.styleHint(QStyle::SH_UnderlineShortcut, &Option, &Button) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
   const Qt::Alignment Side = QStyle::visualAlignment(Button.layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
@@ -57,7 +53,7 @@ void PaintChoice(QPainter& Painter, const QWidget& Button, QStyleOptionButton Op
 }
 
 QString ChoiceToolTip(const QWidget& Button, const QString& Text) {
-  if (WidthOf(Button, Text) <= ChoiceTextRect(Button).width()) return {};
+  if (CaptionWidth(Button, Text) <= ChoiceTextRect(Button).width()) return {};
   return WithoutMnemonic(Text).toHtmlEscaped();
 }
 

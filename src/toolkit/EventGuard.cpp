@@ -6,6 +6,7 @@
 #include <exception>
 
 #include "toolkit/Own.h"
+#include "zulcommon/StringTable.h"
 
 namespace toolkit {
 
@@ -69,8 +70,9 @@ bool Guarded(QWidget* Over, const std::function<void()>& Body) {
 }
 
 void ShowError(QWidget* Over, const std::string& Message) {
-  const QString Text = Message.empty() ? QStringLiteral("An unknown error has occurred.")
-                                       : WithBreaks(Shortened(QString::fromStdString(Message)));
+  const std::string Whole =
+      Message.empty() ? zulcommon::Translated("ErrorBox.Unknown", "An unknown error has occurred.") : Message;
+  const QString Text = WithBreaks(Shortened(QString::fromStdString(Whole)));
   const QString Title = Over != nullptr ? Over->window()->windowTitle() : QString();
   // Not on the stack: the window may take the box with it while it is open.
   const QPointer<QMessageBox> Box =

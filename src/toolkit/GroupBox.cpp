@@ -1,13 +1,11 @@
 #include "toolkit/GroupBox.h"
 
 #include <QEvent>
-#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QToolTip>
 #include <algorithm>
 
-#include "toolkit/Mnemonic.h"
+#include "toolkit/WholeText.h"
 
 namespace toolkit {
 
@@ -23,24 +21,19 @@ constexpr qreal CornerRadius = 2;
 TGroupBox::TGroupBox(QWidget* Parent) : QGroupBox(Parent) {}
 TGroupBox::~TGroupBox() = default;
 
-QString TGroupBox::ShownTitle() const {
-  return fontMetrics().elidedText(title(), Qt::ElideRight, std::max(width() - TitleLeft - TitleRight, 0),
-                                  Qt::TextShowMnemonic);
+int TGroupBox::CaptionRoom() const {
+  return std::max(width() - TitleLeft - TitleRight, 0);
 }
 
 // A title that does not fit is to be read in its tool tip.
 bool TGroupBox::event(QEvent* Event) {
-  if (Event->type() != QEvent::ToolTip || !toolTip().isEmpty() || ShownTitle() == title()) {
-    return QGroupBox::event(Event);
-  }
-  QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), WithoutMnemonic(title()).toHtmlEscaped(), this);
-  return true;
+  return ShowWholeText(Event, this, title(), CaptionRoom()) || QGroupBox::event(Event);
 }
 
 void TGroupBox::paintEvent(QPaintEvent*) {
   QPainter Painter(this);
   const QFontMetrics Metrics = fontMetrics();
-  const QString Shown = ShownTitle();
+  const QString Shown = ElidedCaption(*this, title(), CaptionRoom());
   const QRect Title =
       QStyle::visualRect(layoutDirection(), rect(),
                          QRect(TitleLeft, 0, Metrics.size(Qt::TextShowMnemonic, Shown).width(), Metrics.height()));

@@ -15,12 +15,12 @@ class ZULTOOLKIT_EXPORT TGroupBox : public QGroupBox {
   explicit TGroupBox(QWidget* Parent = nullptr);
   ~TGroupBox() override;
 
+  /// The pixels that there are for the title.
+  int CaptionRoom() const;
+
  protected:
   bool event(QEvent* Event) override;
   void paintEvent(QPaintEvent* Event) override;
-
- private:
-  QString ShownTitle() const;
 };
 
 }  // namespace toolkit

@@ -96,6 +96,10 @@ QRadioButton* TRadioGroup::Button(int Index) const {
   return Choice(Index);
 }
 
+int TRadioGroup::ChoiceRoom() const {
+  return Items_.Count() > 0 ? ChoiceTextRect(*Choice(0)).width() : 0;
+}
+
 int TRadioGroup::ItemIndex() const {
   return ItemIndex_;
 }

@@ -59,6 +59,8 @@ class ZULTOOLKIT_EXPORT TRadioGroup : public TGroupBox {
   TRadioItems& Items() { return Items_; }
   const TRadioItems& Items() const { return Items_; }
   QRadioButton* Button(int Index) const;  ///< throws EListError
+  /// The pixels that there are for the caption of a button.
+  int ChoiceRoom() const;
 
   /// The chosen item, -1 for none.
   int ItemIndex() const;

@@ -1,137 +1,110 @@
 #include "zulcommon/StringTable.h"
 
-#include <QFile>
+#include <QDir>
+#include <QLocale>
 #include <algorithm>
-#include <charconv>
-#include <optional>
-#include <string_view>
-#include <system_error>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 #include "zulcommon/EZULException.h"
+#include "zulcommon/TableLines.h"
 #include "zulcommon/Text.h"
 
 namespace zulcommon {
 
 namespace {
 
-constexpr const char* CompiledIn = ":/zul/strings/en.txt";
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+using TTexts = std::unordered_map<std::string, std::string>;  // by number or name
 
-using TTexts = std::unordered_map<std::int32_t, std::string>;
-
-struct TEntry {
-  std::int32_t Number = 0;
-  std::string Text;
-};
-
-std::optional<char> Unescaped(char Escape) {
-  switch (Escape) {
-    case 'n':
-      return '\n';
-    case 't':
-      return '\t';
-    case '\\':
-      return '\\';
-    default:
-      return std::nullopt;
-  }
-}
-
-std::optional<std::string> Unescape(std::string_view Text) {
-  std::string Result;
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    if (Text[Index] != '\\') {
-      Result += Text[Index];
-      continue;
+std::vector<TTableLine> ReadTable(const std::string& FileName) {
+  std::vector<TTableLine> Lines = ReadTableLines(FileName);
+  for (const TTableLine& Line : Lines) {
+    if (!Line.Error.empty()) {
+      throw EZULException("%s, line %s: %s", {FileName, std::to_string(Line.LineNo), Line.Error});
     }
-    ++Index;
-    const std::optional<char> C = Index < Text.size() ? Unescaped(Text[Index]) : std::nullopt;
-    if (!C) return std::nullopt;
-    Result += *C;
   }
-  return Result;
+  return Lines;
 }
 
-// Nothing when the line is not a number, a tab and a text.
-std::optional<TEntry> ReadEntry(std::string_view Line) {
-  TEntry Entry;
-  const char* const End = Line.data() + Line.size();
-  const auto [Stop, Error] = std::from_chars(Line.data(), End, Entry.Number);
-  if (Error != std::errc{} || Stop == End || *Stop != '\t') return std::nullopt;
-
-  const std::string_view Escaped(Stop + 1, static_cast<std::size_t>(End - Stop) - 1);
-  const std::optional<std::string> Text = Unescape(Escaped);
-  if (!Text || Text->empty() || !IsUtf8(Line)) return std::nullopt;
-  Entry.Text = *Text;
-  return Entry;
+void Merge(TTexts& Texts, std::vector<TTableLine> Lines) {
+  for (TTableLine& Line : Lines) Texts[Line.Key] = std::move(Line.Text);
 }
 
-std::string ReadWhole(const std::string& FileName) {
-  QFile File(QString::fromStdString(FileName));
-  if (!File.open(QIODevice::ReadOnly)) {
-    throw EZULException("The text file %s cannot be read: %s", {FileName, File.errorString().toStdString()});
-  }
-  return File.readAll().toStdString();
-}
-
-std::string_view TakeLine(std::string_view& Rest) {
-  std::string_view Line = Rest.substr(0, Rest.find('\n'));
-  Rest.remove_prefix(std::min(Line.size() + 1, Rest.size()));
-  if (Line.ends_with('\r')) Line.remove_suffix(1);
-  return Line;
-}
-
-std::vector<TEntry> ReadTable(const std::string& FileName) {
-  const std::string Content = ReadWhole(FileName);
-  std::string_view Rest = Content;
-  if (Rest.starts_with(ByteOrderMark)) Rest.remove_prefix(ByteOrderMark.size());
-
-  std::vector<TEntry> Entries;
-  for (int LineNo = 1; !Rest.empty(); ++LineNo) {
-    const std::string_view Line = TakeLine(Rest);
-    if (Line.empty() || Line.starts_with('#')) continue;
-    std::optional<TEntry> Entry = ReadEntry(Line);
-    if (!Entry) {
-      throw EZULException("The text file %s has no number, tab and text in line %s.",
-                          {FileName, std::to_string(LineNo)});
-    }
-    Entries.push_back(std::move(*Entry));
-  }
-  return Entries;
-}
-
-void Merge(TTexts& Texts, std::vector<TEntry> Entries) {
-  for (TEntry& Entry : Entries) Texts[Entry.Number] = std::move(Entry.Text);
-}
-
-TTexts CompiledInTexts() {
+TTexts TextsOf(const std::string& FileName) {
   TTexts Texts;
-  Merge(Texts, ReadTable(CompiledIn));
+  Merge(Texts, ReadTable(FileName));
   return Texts;
 }
 
 TTexts& CurrentTexts() {
-  static TTexts Texts = CompiledInTexts();
+  static TTexts Texts = TextsOf(EnglishTable);
   return Texts;
+}
+
+// English stands in the dialogs; here is what the names mean.
+const TTexts& NamedInEnglish() {
+  static const TTexts Texts = TextsOf(EnglishNames);
+  return Texts;
+}
+
+const std::string* Find(const TTexts& Texts, const std::string& Key) {
+  const auto Found = Texts.find(Key);
+  return Found != Texts.end() ? &Found->second : nullptr;
+}
+
+// What the table has for the name, where it stands for this text.
+const std::string* FindNamed(const std::string& Name, const std::string& Default) {
+  const std::string* English = Find(NamedInEnglish(), Name);
+  return English == nullptr || *English == Default ? Find(CurrentTexts(), Name) : nullptr;
+}
+
+// "de" of "de-AT", "de_AT.UTF-8" and "DE".
+std::string LanguageOf(const std::string& Code) {
+  return QString::fromStdString(Code.substr(0, Code.find_first_of("-_.@"))).toLower().toStdString();
 }
 
 }  // namespace
 
 std::string LoadZULResString(std::int32_t Number) {
-  const TTexts& Texts = CurrentTexts();
-  const auto Found = Texts.find(Number);
-  return Found != Texts.end() ? Found->second : FormatText("#%s", {std::to_string(Number)});
+  const std::string* Found = Find(CurrentTexts(), std::to_string(Number));
+  return Found != nullptr ? *Found : FormatText("#%s", {std::to_string(Number)});
+}
+
+std::string Translated(const std::string& Name, const std::string& Default) {
+  if (const std::string* OfDialog = FindNamed(Name, Default)) return *OfDialog;
+  const std::string* OfAll = FindNamed(Name.substr(Name.find('.') + 1), Default);
+  return OfAll != nullptr ? *OfAll : Default;
 }
 
 void LoadStringTable(const std::string& FileName) {
   Merge(CurrentTexts(), ReadTable(FileName));
 }
 
+bool UseLanguage(const std::string& Language) {
+  const std::string Code = LanguageOf(Language);
+  const std::vector<std::string> Known = BuiltInLanguages();
+  if (std::find(Known.begin(), Known.end(), Code) == Known.end()) return false;
+  ResetStringTable();
+  Merge(CurrentTexts(), ReadTable(":/zul/strings/" + Code + ".txt"));
+  return true;
+}
+
+bool UseLanguageOf(const QLocale& Locale) {
+  const QStringList Languages = Locale.uiLanguages();
+  return std::any_of(Languages.begin(), Languages.end(),
+                     [](const QString& Language) { return UseLanguage(Language.toStdString()); });
+}
+
+std::vector<std::string> BuiltInLanguages() {
+  std::vector<std::string> Codes;
+  for (const QString& File : QDir(QStringLiteral(":/zul/strings")).entryList(QDir::Files, QDir::Name)) {
+    if (File.count(u'.') == 1) Codes.push_back(File.section(u'.', 0, 0).toStdString());
+  }
+  return Codes;
+}
+
 void ResetStringTable() {
-  CurrentTexts() = CompiledInTexts();
+  CurrentTexts() = TextsOf(EnglishTable);
 }
 
 }  // namespace zulcommon

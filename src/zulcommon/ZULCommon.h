@@ -9,4 +9,5 @@
 #include "zulcommon/Set.h"
 #include "zulcommon/StringTable.h"
 #include "zulcommon/Text.h"
+#include "zulcommon/TextCheck.h"
 #include "zulcommon/TypedValues.h"

@@ -23,8 +23,9 @@ void TfrmDocPickCustEmails::SetUpColumns() {
               {qryList_Company, "UPPER(C.Company) SortFld", Contains("AND UPPER(C.Company)")},
               {qryList_Contact, "UPPER(C.Contact) SortFld", Contains("AND UPPER(C.Contact)")}},
              1);
-  SetPickCaption(ForCustomers_ ? "Customer Email Address" : "Prospect Email Address");
-  SetAvailableCaption(ForCustomers_ ? "Customer Email Addresses" : "Prospect Email Addresses");
+  SetPickCaption(ForCustomers_ ? "Customer Email Address" : OwnText("ProspectPickCaption", "Prospect Email Address"));
+  SetAvailableCaption(ForCustomers_ ? "Customer Email Addresses"
+                                    : OwnText("ProspectAvailableCaption", "Prospect Email Addresses"));
 }
 
 TPickChoices TfrmDocPickCustEmails::ContactChoices() const {

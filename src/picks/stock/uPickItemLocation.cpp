@@ -44,7 +44,8 @@ void TfrmPickItemLocation::SetUpColumns() {
   tblItem_->Open();
   if (!tblItem_->FindKey(Item_)) return;
   const std::string Code(zulcommon::Trim(tblItem_Item->AsString()));
-  SetPickCaption(PickCaption + zulcommon::FormatText(" for %s - %s", {Code, tblItem_Desc->AsString()}));
+  SetPickCaption(zulcommon::FormatText(OwnText("PickCaptionFor", "%s for %s - %s"),
+                                       {PickCaption, Code, tblItem_Desc->AsString()}));
 }
 
 void TfrmPickItemLocation::SetSQL() {

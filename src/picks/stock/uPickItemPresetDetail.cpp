@@ -1,6 +1,7 @@
 #include "picks/stock/uPickItemPresetDetail.h"
 
 #include "pickbase/PickCall.h"
+#include "zulcommon/Text.h"
 
 namespace uPickItemPresetDetail {
 
@@ -19,8 +20,10 @@ TfrmPickItemPresetDetail::TfrmPickItemPresetDetail(std::int32_t LineID)
 void TfrmPickItemPresetDetail::SetUpColumns() {
   TOptionPickBase::SetUpColumns();
   tblDetails_->Open();
-  SetPickCaption(tblDetails_->FindKey(LineID_) ? "Preset Options for : " + tblDetails_Descript->AsString()
-                                               : "Preset Option");
+  const bool Found = tblDetails_->FindKey(LineID_);
+  SetPickCaption(Found ? zulcommon::FormatText(OwnText("PickCaptionFor", "Preset Options for : %s"),
+                                               {tblDetails_Descript->AsString()})
+                       : "Preset Option");
   SetAvailableCaption("Preset Options");
 }
 

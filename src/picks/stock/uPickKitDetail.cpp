@@ -1,6 +1,7 @@
 #include "picks/stock/uPickKitDetail.h"
 
 #include "pickbase/PickCall.h"
+#include "zulcommon/Text.h"
 
 namespace uPickKitDetail {
 
@@ -20,7 +21,10 @@ TfrmPickKitDetail::TfrmPickKitDetail(std::int32_t KitID)
 void TfrmPickKitDetail::SetUpColumns() {
   TOptionPickBase::SetUpColumns();
   tblKits_->Open();
-  SetPickCaption(tblKits_->FindKey(KitID_) ? "Kit Option for : " + tblKits_Descript->AsString() : "Kit Option");
+  const bool Found = tblKits_->FindKey(KitID_);
+  SetPickCaption(
+      Found ? zulcommon::FormatText(OwnText("PickCaptionFor", "Kit Option for : %s"), {tblKits_Descript->AsString()})
+            : "Kit Option");
   SetAvailableCaption("Kit Options");
 }
 
