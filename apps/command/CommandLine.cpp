@@ -1,12 +1,15 @@
 #include "apps/command/CommandLine.h"
 
+#include <QLocale>
 #include <algorithm>
 #include <cstdlib>
 
 #include "catalog/Near.h"
+#include "toolkit/WholeText.h"
 #include "zulcommon/DisplayFormats.h"
 #include "zulcommon/EZULException.h"
 #include "zulcommon/StringTable.h"
+#include "zulcommon/TextCheck.h"
 
 namespace command {
 
@@ -81,6 +84,8 @@ class TReader {
   std::string* CommonText(const std::string& Name) {
     if (Name == "db") return &Result_.Database;
     if (Name == "strings") return &Result_.StringTable;
+    if (Name == "language") return &Result_.Language;
+    if (Name == "check-texts") return &Result_.CheckTexts;
     if (Name == "date-format") return &Result_.DateFormat;
     if (Name == "format") return &Format_;
     return nullptr;
@@ -144,13 +149,40 @@ std::vector<std::string> Words(int ArgCount, char* ArgValues[]) {
   return {ArgValues + std::min(ArgCount, 1), ArgValues + ArgCount};
 }
 
+namespace {
+
+void ApplyLanguage(const std::string& Language) {
+  if (Language.empty()) return;
+  if (Language == "system") {
+    zulcommon::UseLanguageOf(QLocale());
+  } else if (!zulcommon::UseLanguage(Language)) {
+    std::string Known;
+    for (const std::string& Code : zulcommon::BuiltInLanguages()) Known += Code + ", ";
+    throw EUsage("There are no texts in the language \"" + Language + "\": it is " + Known + "or system.");
+  }
+}
+
+}  // namespace
+
 void ApplyTexts(const TCommandLine& CommandLine) {
   try {
+    ApplyLanguage(CommandLine.Language);
     if (!CommandLine.StringTable.empty()) zulcommon::LoadStringTable(CommandLine.StringTable);
     if (!CommandLine.DateFormat.empty()) zulcommon::SetShortDateFormat(CommandLine.DateFormat);
   } catch (const zulcommon::EZULException& Error) {
     throw EUsage(Error.what());
   }
+}
+
+std::string TextFindings(const std::string& FileName) {
+  const auto WidthOf = [](const std::string& Text, bool Bold) {
+    return toolkit::TextWidth(QString::fromStdString(Text), Bold);
+  };
+  std::string Lines;
+  for (const zulcommon::TTextFinding& Finding : zulcommon::CheckTexts(FileName, WidthOf)) {
+    Lines += FileName + (Finding.Line > 0 ? ", line " + std::to_string(Finding.Line) : "") + ": " + Finding.Message + "\n";
+  }
+  return Lines;
 }
 
 }  // namespace command

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "zulcommon/StringTable.h"
+
 namespace command {
 
 namespace {
@@ -56,8 +58,14 @@ const std::vector<TCommonOption>& Options() {
         "What is printed of the choice: the keys, one on a line, or, as JSON, the keys and every column that the list "
         "shows of the chosen rows. (default: text)"},
        true},
+      {{"language", Alternatives(zulcommon::BuiltInLanguages()) + "|system",
+        "The language of the captions; system stands for the user's. (default: en)"},
+       false},
       {{"strings", "FILE", "A string table to lay over the built-in captions: another language, other words."}, false},
       {{"date-format", "PATTERN", "How dates are shown and typed, such as dd/mm/yyyy."}, false},
+      {{"check-texts", "FILE",
+        "Tell what is missing or wrong in a string table; neither a pick nor a database is needed."},
+       true},
       {{"list", "", "Print every pick with its options."}, false},
       {{"help", "", "Print this text, or behind the name of a pick what its options mean."}, false},
       {{"version", "", "Print the version."}, false}};
@@ -72,7 +80,7 @@ const manual::TManual& PickManual() {
       "Opens the pick dialog NAME over a database and prints the chosen key, one on a line when there are several.",
       OptionsOf(true),
       {{0, "chosen"},
-       {1, "nothing chosen"},
+       {1, "nothing chosen, or a string table that is not fine"},
        {2, "wrong usage"},
        {3, "database error, no display, or output that cannot be written"}},
       {AddressVariable()},

@@ -16,6 +16,7 @@
 #include "apps/command/ResultText.h"
 #include "pickbase/PickCall.h"
 #include "pickbase/PickIcon.h"
+#include "zulcommon/EZULException.h"
 
 namespace {
 
@@ -23,6 +24,9 @@ constexpr int Chosen = 0;
 constexpr int NothingChosen = 1;
 constexpr int WrongUsage = 2;
 constexpr int Failed = 3;
+
+constexpr int TextsAreFine = 0;
+constexpr int TextsAreWrong = 1;
 
 int Complain(int Code, const std::string& Message) {
   std::fprintf(stderr, "zulpick: %s\n", Message.c_str());
@@ -69,6 +73,20 @@ int Run(const command::TCommandLine& CommandLine) {
   return Print(Chosen, CommandLine.Json ? command::JsonText(Result, Rows) : command::KeyLines(Result));
 }
 
+// On no display: the fonts are only measured.
+int CheckTexts(const std::string& FileName, char* Program) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  int ArgCount = 1;
+  char* ArgValues[] = {Program, nullptr};
+  const QGuiApplication Application(ArgCount, ArgValues);
+  try {
+    const std::string Findings = command::TextFindings(FileName);
+    return Print(Findings.empty() ? TextsAreFine : TextsAreWrong, Findings);
+  } catch (const zulcommon::EZULException& Error) {
+    return Complain(Failed, Error.what());
+  }
+}
+
 int Open(const command::TCommandLine& CommandLine, char* Program) {
   if (CommandLine.Pick == nullptr) {
     return Complain(WrongUsage, "The name of a pick is missing.\n\n" + manual::HelpText(command::PickManual()));
@@ -94,7 +112,9 @@ int Start(const command::TCommandLine& CommandLine, char* Program) {
     return Print(Chosen, CommandLine.Pick != nullptr ? command::PickHelp(*CommandLine.Pick) : manual::HelpText(Manual));
   }
   if (CommandLine.List) return Print(Chosen, command::ListText(catalog::FullCatalog()));
-  return Open(CommandLine, Program);
+  if (CommandLine.CheckTexts.empty()) return Open(CommandLine, Program);
+  if (CommandLine.Pick != nullptr) return Complain(WrongUsage, "A table of texts is checked without a pick.");
+  return CheckTexts(CommandLine.CheckTexts, Program);
 }
 
 }  // namespace

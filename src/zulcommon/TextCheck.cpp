@@ -121,26 +121,30 @@ class TChecker {
 
   void CheckWidth(const TTableLine& Line, const TTableLine& English) {
     const std::string Read = MarkedLetters(English.Text).empty() ? Line.Text : WithoutMarks(Line.Text);
-    if (English.Places.Plain) CheckPlace(Line, Read, false, *English.Places.Plain);
-    if (English.Places.Bold) CheckPlace(Line, Read, true, *English.Places.Bold);
-    for (const auto& [Number, Pixels] : English.Places.Within)
-      CheckPlace(Line, FormatText(Around(Number), {Read}), false, Pixels);
+    const std::string InEnglish = MarkedLetters(English.Text).empty() ? English.Text : WithoutMarks(English.Text);
+    if (English.Places.Plain) CheckPlace(Line, Read, InEnglish, false, *English.Places.Plain);
+    if (English.Places.Bold) CheckPlace(Line, Read, InEnglish, true, *English.Places.Bold);
+    for (const auto& [Number, Pixels] : English.Places.Within) {
+      const std::string Around = TextAround(Number);
+      CheckPlace(Line, FormatText(Around, {Read}), FormatText(EnglishByKey_.at(std::to_string(Number))->Text, {InEnglish}),
+                 false, Pixels);
+    }
   }
 
-  void CheckPlace(const TTableLine& Line, const std::string& Text, bool Bold, int Pixels) {
+  // Where English itself is cut off, no other text need be shorter.
+  void CheckPlace(const TTableLine& Line, const std::string& Text, const std::string& English, bool Bold, int Pixels) {
     const int Width = WidthOf_(Text, Bold);
-    if (Width <= Pixels) return;
+    if (Width <= std::max(Pixels, WidthOf_(English, Bold))) return;
     Tell(Line.LineNo, Quoted(Text) + " takes " + std::to_string(Width) + " pixels" + (Bold ? " in bold" : "") +
                           ", there are " + std::to_string(Pixels) + ".");
   }
 
   // The text that others are put into: the table's own, else the English one.
-  std::string Around(std::int32_t Number) const {
+  std::string TextAround(std::int32_t Number) const {
     const std::string Key = std::to_string(Number);
     const auto Own = Given_.find(Key);
     if (Own != Given_.end()) return Own->second->Text;
-    const auto English = EnglishByKey_.find(Key);
-    return English != EnglishByKey_.end() ? English->second->Text : "%s";
+    return EnglishByKey_.at(Key)->Text;
   }
 
   const TTextWidth& WidthOf_;
