@@ -65,6 +65,12 @@ class TRadioGroup::TChoice : public QRadioButton {
   void UpdateToolTip() { setToolTip(ChoiceToolTip(*this, text())); }
 
  protected:
+  // A caption that fits has no tool tip, not even that of the group's title.
+  bool event(QEvent* Event) override {
+    if (Event->type() == QEvent::ToolTip && toolTip().isEmpty()) return true;
+    return QRadioButton::event(Event);
+  }
+
   bool hitButton(const QPoint& Position) const override { return rect().contains(Position); }
 
   void paintEvent(QPaintEvent*) override {

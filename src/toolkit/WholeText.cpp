@@ -36,7 +36,10 @@ QString AsToolTip(const QString& Text) {
 
 bool ShowWholeText(QEvent* Event, QWidget* Widget, const QString& Caption, int Room) {
   if (Event->type() != QEvent::ToolTip || !Widget->toolTip().isEmpty()) return false;
-  if (CaptionWidth(*Widget, Caption) <= Room) return false;
+  if (CaptionWidth(*Widget, Caption) <= Room) {
+    QToolTip::hideText();  // nor that of the group around
+    return true;
+  }
   QToolTip::showText(static_cast<QHelpEvent*>(Event)->globalPos(), AsToolTip(WithoutMnemonic(Caption)), Widget);
   return true;
 }

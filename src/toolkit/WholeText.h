@@ -21,8 +21,8 @@ QString ElidedCaption(const QWidget& Widget, const QString& Caption, int Room);
 /// A text for a tool tip, which shows it as it is, letter by letter.
 ZULTOOLKIT_EXPORT QString AsToolTip(const QString& Text);
 
-/// For a tool tip's event: shows the whole caption when it does not fit and the widget has no other tool tip. Whether
-/// it did, and the event needs no more care.
+/// For a tool tip's event on a widget that has no other tool tip: shows the whole caption when it does not fit, and
+/// nothing when it does. Whether the event was such a one, and needs no more care.
 bool ShowWholeText(QEvent* Event, QWidget* Widget, const QString& Caption, int Room);
 
 }  // namespace toolkit
