@@ -64,6 +64,7 @@ void TPostgreSQLTalk::Send(const std::string& Statements) {
 }
 
 void TPostgreSQLTalk::SendQuery(const std::string& Sql, TFormat Format) {
+  if (Format == TFormat::Text) LogOwn(Sql);  // it was asked before, and told of by the reader of its rows
   // Sent so, a text can hold but one statement.
   if (PQsendQueryParams(Handle_, Sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, static_cast<int>(Format)) == 0) {
     if (IsLost()) RaiseLost();

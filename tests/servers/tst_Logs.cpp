@@ -149,6 +149,20 @@ class tst_Logs : public QObject {
     QVERIFY(Messages("zul.pick").isEmpty());
   }
 
+  // One that gives values of a type that is read as text is asked twice.
+  void shouldTellAStatementThatIsAskedAgain() {
+    Host_ = support::OpenOrSkip(*Backends_, TBackendKind::PostgreSQL);
+    if (Host_ == nullptr) return;
+    Host_->ExecuteBeside("CREATE TABLE place AS SELECT CAST('10.0.0.1' AS inet) address");
+    support::TSentStatements Sent(*Host_, *Backends_);
+    const TListening Listening(QStringLiteral("zul.sql=true"));
+    const auto Cursor = Host_->Connection()->OpenCursor("SELECT Address FROM Place");
+    while (Cursor->Next()) continue;
+    const QStringList Texts = Sent.Take().filter(QStringLiteral("place"), Qt::CaseInsensitive);
+    QCOMPARE(Texts.size(), 2);
+    QCOMPARE(Statements().filter(QStringLiteral("place"), Qt::CaseInsensitive), Texts);
+  }
+
   void shouldTellHowManyRowsCame_data() { AddBackends(); }
   void shouldTellHowManyRowsCame() {
     if (!Open()) return;
