@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "ads/Ads.h"
+#include "ads/Cursor.h"
 #include "ads/ThrowawayPostgreSQL.h"
 #include "sample/SampleCompany.h"
 
@@ -40,7 +41,7 @@ class TConnection {
 std::string RefusalOf(const QSqlDatabase& Database) {
   const ads::TAdsConnection Connection(Database);
   try {
-    Connection.OpenCursor(Sql);
+    Connection.OpenCursor(Sql)->Next();
   } catch (const ads::EConnectionLost& Error) {
     return std::string("lost: ") + Error.what();
   } catch (const ads::EDatabaseError& Error) {
@@ -78,12 +79,17 @@ void tst_LeftOutDatabases::shouldLeaveTheHostsServerConnectionAlone() {
 
 void tst_LeftOutDatabases::shouldRefuseODBCByName() {
   TConnection Connection("QODBC");
+  Connection.Database().setDatabaseName("DRIVER=SQLite3;Database=:memory:");  // as its package registers it
+  if (!Connection.Database().open()) QSKIP("SQLite's ODBC driver is not installed.");
   const std::string Refusal = RefusalOf(Connection.Database());
   if (ZUL_WITH_ODBC) {
-    QVERIFY(Refusal.starts_with("lost: "));
+    QVERIFY2(Refusal.find("Area") != std::string::npos, Refusal.c_str());
   } else {
     QCOMPARE(Refusal, std::string("The pick lists were built without ODBC (ZUL_WITH_ODBC)."));
   }
+  QSqlQuery Query(Connection.Database());
+  QVERIFY(Query.exec("SELECT 42") && Query.next());
+  QCOMPARE(Query.value(0).toInt(), 42);
 }
 
 void tst_LeftOutDatabases::shouldReadSQLiteAllTheSame() {

@@ -236,8 +236,8 @@ def text(_run, _block, _document):
     """Nothing to be run: pictures in letters and the like."""
 
 
-RULES = {"": indented, "cmake": cmake_lines, "console": console, "cpp": cpp, "qmake": qmake, "sh": sh, "sql": sql,
-         "text": text}
+RULES = {"": indented, "bash": sh, "cmake": cmake_lines, "console": console, "cpp": cpp, "qmake": qmake, "sh": sh,
+         "sql": sql, "text": text}
 
 
 # --- programs of C++ blocks -----------------------------------------------------------------------------------------
