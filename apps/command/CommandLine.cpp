@@ -180,7 +180,8 @@ std::string TextFindings(const std::string& FileName) {
   };
   std::string Lines;
   for (const zulcommon::TTextFinding& Finding : zulcommon::CheckTexts(FileName, WidthOf)) {
-    Lines += FileName + (Finding.Line > 0 ? ", line " + std::to_string(Finding.Line) : "") + ": " + Finding.Message + "\n";
+    Lines +=
+        FileName + (Finding.Line > 0 ? ", line " + std::to_string(Finding.Line) : "") + ": " + Finding.Message + "\n";
   }
   return Lines;
 }

@@ -26,7 +26,7 @@ struct TCommandLine {
   std::string Database;                ///< the environment's ZUL_DB when the option is not given
   std::string Language;
   std::string StringTable;
-  std::string CheckTexts;     ///< a table to check, in place of a pick
+  std::string CheckTexts;  ///< a table to check, in place of a pick
   std::string DateFormat;
   bool Json = false;
   std::set<std::string> Given;  ///< the names of the options that stand there

@@ -126,8 +126,8 @@ class TChecker {
     if (English.Places.Bold) CheckPlace(Line, Read, InEnglish, true, *English.Places.Bold);
     for (const auto& [Number, Pixels] : English.Places.Within) {
       const std::string Around = TextAround(Number);
-      CheckPlace(Line, FormatText(Around, {Read}), FormatText(EnglishByKey_.at(std::to_string(Number))->Text, {InEnglish}),
-                 false, Pixels);
+      CheckPlace(Line, FormatText(Around, {Read}),
+                 FormatText(EnglishByKey_.at(std::to_string(Number))->Text, {InEnglish}), false, Pixels);
     }
   }
 

@@ -76,6 +76,8 @@ class tst_Zulpick : public QObject {
   void shouldPassOnTheDatabasesMessage();
   void shouldTellTheStatementsWhenAsked();
   void shouldRefuseABadTextTableAndDatePattern();
+  void shouldRefuseALanguageThatThereIsNot();
+  void shouldCheckATableOfTexts();
   void shouldNotEchoAPassword();
   void shouldNameAMissingDriver();
   void shouldTellThatThereIsNoDisplay();
@@ -184,6 +186,40 @@ void tst_Zulpick::shouldRefuseABadTextTableAndDatePattern() {
   COMPARE_RUN(Table, WrongUsage, "/nowhere/strings.txt");
   const TRun Pattern = Run({"city", "--date-format", "tomorrow"});
   COMPARE_RUN(Pattern, WrongUsage, "tomorrow");
+}
+
+void tst_Zulpick::shouldRefuseALanguageThatThereIsNot() {
+  const TRun Result = Run({"city", "--language", "tlh"});
+  COMPARE_RUN(Result, WrongUsage, "There are no texts in the language \"tlh\": it is de, en, or system.");
+  const TRun German = Run({"city", "--language=de", "--db=/nowhere/company.db"});
+  COMPARE_RUN(German, DatabaseError, "There is no database file");
+}
+
+void tst_Zulpick::shouldCheckATableOfTexts() {
+  QProcessEnvironment Variables = Environment();
+  for (const char* Name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) Variables.remove(QLatin1String(Name));
+  const TRun Fine = Run({"--check-texts", ":/zul/strings/de.txt"}, Variables);
+  QVERIFY2(Fine.Code == 0, qPrintable(Fine.Output + Fine.Errors));
+  QCOMPARE(Fine.Output, QString());
+
+  const QTemporaryDir Folder;
+  const QString FileName = Folder.filePath(QStringLiteral("texts.txt"));
+  QFile File(FileName);
+  QVERIFY(File.open(QIODevice::WriteOnly));
+  File.write("2000\tOK\nnothing\n");
+  File.close();
+  const TRun Wrong = Run({"--check-texts=" + FileName}, Variables);
+  QCOMPARE(Wrong.Code, 1);
+  const QString Start = FileName + ", line 1: \"OK\" must have one letter marked by \"&\", as \"&OK\".\n" + FileName +
+                        ", line 2: there is no tab between a number or name and its text.\n" + FileName + ": 2 (";
+  QVERIFY2(Wrong.Output.startsWith(Start), qPrintable(Wrong.Output));
+
+  const TRun Missing = Run({"--check-texts", "/nowhere/texts.txt"}, Variables);
+  COMPARE_RUN(Missing, 3, "The text file /nowhere/texts.txt cannot be read");
+  const TRun Nothing = Run({"--check-texts"});
+  COMPARE_RUN(Nothing, WrongUsage, "The option --check-texts needs a value");
+  const TRun WithPick = Run({"city", "--check-texts", FileName});
+  COMPARE_RUN(WithPick, WrongUsage, "A table of texts is checked without a pick.");
 }
 
 void tst_Zulpick::shouldNotEchoAPassword() {

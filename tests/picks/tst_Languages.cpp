@@ -110,7 +110,8 @@ struct TPlace {
     QStringList Items;
     if (Plain) Items += QString::number(*Plain);
     if (Bold) Items += "bold " + QString::number(*Bold);
-    for (auto Each = Within.begin(); Each != Within.end(); ++Each) Items += QStringLiteral("in %1 %2").arg(Each.key()).arg(Each.value());
+    for (auto Each = Within.begin(); Each != Within.end(); ++Each)
+      Items += QStringLiteral("in %1 %2").arg(Each.key()).arg(Each.value());
     return Items.isEmpty() ? "any" : Items.join("; ");
   }
 };
@@ -195,7 +196,8 @@ QString ToolTipOf(QWidget& Over) {
 
 // What is wrong with a control that has so much room for its caption: one that is too long looks as one that is cut off
 // by an ellipsis, and is told as a whole; any other is not told.
-QString Wrong(QWidget& Control, int Room, const QString& Caption, const std::function<void(const QString&)>& SetCaption) {
+QString Wrong(QWidget& Control, int Room, const QString& Caption,
+              const std::function<void(const QString&)>& SetCaption) {
   constexpr int Flags = Qt::TextSingleLine | Qt::TextShowMnemonic;
   const bool Fits = Control.fontMetrics().size(Flags, Caption).width() <= Room;
   const QString Told = ToolTipOf(Control);
@@ -295,12 +297,16 @@ void tst_Languages::shouldNameNoTextThatNoDialogHas() {
   QString All;
   for (int Index = 0; Index < Count(); ++Index) All += TextsOf(*Dialog(Index)).values().join(u'\n');
   // What stands in a dialog at times only; the last two where a record is not found.
-  const QStringList AtTimes{"lblRows.",        "dbgAvail.",
-                            "edFind.",         "ErrorBox.",
-                            "frmPickKitDetail.PickCaption", "frmPickItemPresetDetail.PickCaption"};
+  const QStringList AtTimes{"lblRows.",
+                            "dbgAvail.",
+                            "edFind.",
+                            "ErrorBox.",
+                            "frmPickKitDetail.PickCaption",
+                            "frmPickItemPresetDetail.PickCaption"};
   for (const QString& Key : English().keys()) {
     if (Key[0].isDigit()) continue;
-    if (std::any_of(AtTimes.begin(), AtTimes.end(), [&](const QString& Start) { return Key.startsWith(Start); })) continue;
+    if (std::any_of(AtTimes.begin(), AtTimes.end(), [&](const QString& Start) { return Key.startsWith(Start); }))
+      continue;
     QVERIFY2(All.contains("«" + Key + "»") || All.contains("«" + Key + " "), qPrintable(Key));
   }
 }

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QLocale>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
@@ -60,6 +61,15 @@ class tst_StringTable : public QObject {
   void shouldRefuseALineOfAnotherForm_data();
   void shouldRefuseALineOfAnotherForm();
   void shouldRefuseAFileThatCannotBeRead();
+  void shouldNameFileAndLineOfAWrongLine_data();
+  void shouldNameFileAndLineOfAWrongLine();
+  void shouldSpeakEveryBuiltInLanguage();
+  void shouldTakeALanguageByItsCode_data();
+  void shouldTakeALanguageByItsCode();
+  void shouldTakeTheFirstLanguageThatAUserReads();
+  void shouldTakeALanguageInPlaceOfWhatWasLaidBefore();
+  void shouldTranslateWhatADialogHoldsAsItsOwn();
+  void shouldNotTranslateAnotherTextOfThatName();
 
  private:
   QString FileOf(const QByteArray& Content);
@@ -244,6 +254,98 @@ void tst_StringTable::shouldRefuseAFileThatCannotBeRead() {
   QVERIFY(Refusal(Dir_.path()).contains(Dir_.path()));
   QVERIFY(!Refusal("").isEmpty());
   QCOMPARE(Text(2001), QString("&Cancel"));
+}
+
+void tst_StringTable::shouldNameFileAndLineOfAWrongLine_data() {
+  QTest::addColumn<QByteArray>("Line");
+  QTest::addColumn<QString>("Why");
+  QTest::newRow("no tab") << QByteArray("2000 OK") << "there is no tab between a number or name and its text.";
+  QTest::newRow("word") << QByteArray("OK\t2000")
+                        << "\"OK\" is neither a number nor a name such as ckbInactive.Caption.";
+  QTest::newRow("number and more") << QByteArray("20a.b\tOK")
+                                   << "\"20a.b\" is neither a number nor a name such as ckbInactive.Caption.";
+  QTest::newRow("point at the end") << QByteArray("ckbZero.\tOK")
+                                    << "\"ckbZero.\" is neither a number nor a name such as ckbInactive.Caption.";
+  QTest::newRow("no text") << QByteArray("ckbZero.Caption\t") << "the text is missing.";
+  QTest::newRow("escape") << QByteArray("2000\ta\\x") << "a backslash stands before n, t or another backslash only.";
+  QTest::newRow("Latin-1") << QByteArray("2000\t\xE9") << "that is not UTF-8.";
+}
+
+void tst_StringTable::shouldNameFileAndLineOfAWrongLine() {
+  QFETCH(const QByteArray, Line);
+  QFETCH(const QString, Why);
+  const QString FileName = FileOf("ckbZero.Caption\tNil\n\n# note\n" + Line + "\n");
+  QCOMPARE(Refusal(FileName), FileName + ", line 4: " + Why);
+  QCOMPARE(Translated("frmPickPO.ckbZero.Caption", "Zero Onhand"), std::string("Zero Onhand"));
+}
+
+void tst_StringTable::shouldSpeakEveryBuiltInLanguage() {
+  QCOMPARE(BuiltInLanguages(), (std::vector<std::string>{"de", "en"}));
+  QVERIFY(UseLanguage("de"));
+  for (const std::int32_t Number : UsedNumbers) {
+    QVERIFY2(!Text(Number).startsWith('#'), qPrintable(QString::number(Number)));
+    QCOMPARE(Text(Number), Text(Number).trimmed());
+  }
+  QCOMPARE(Text(27), QString("Kunde"));
+  QCOMPARE(Text(2001), QString("&Abbrechen"));
+  QCOMPARE(Translated("frmPickPO.ckbZero.Caption", "Zero Onhand"), std::string("Nullbestand"));
+  QVERIFY(UseLanguage("en"));
+  QCOMPARE(Text(27), QString("Customer"));
+  QCOMPARE(Translated("frmPickPO.ckbZero.Caption", "Zero Onhand"), std::string("Zero Onhand"));
+}
+
+void tst_StringTable::shouldTakeALanguageByItsCode_data() {
+  QTest::addColumn<QString>("Code");
+  QTest::addColumn<bool>("IsKnown");
+  for (const char* Code : {"de", "DE", "de-AT", "de_CH", "de_DE.UTF-8", "de@euro"}) QTest::newRow(Code) << Code << true;
+  for (const char* Code : {"", "fr", "d", "deu", "../en", "system", "-de"}) {
+    QTest::addRow("\"%s\"", Code) << Code << false;
+  }
+}
+
+void tst_StringTable::shouldTakeALanguageByItsCode() {
+  QFETCH(const QString, Code);
+  QFETCH(const bool, IsKnown);
+  QCOMPARE(UseLanguage(Code.toStdString()), IsKnown);
+  QCOMPARE(Text(27), QString(IsKnown ? "Kunde" : "Customer"));
+}
+
+void tst_StringTable::shouldTakeTheFirstLanguageThatAUserReads() {
+  QVERIFY(UseLanguageOf(QLocale(QLocale::German, QLocale::Austria)));
+  QCOMPARE(Text(27), QString("Kunde"));
+  QVERIFY(!UseLanguageOf(QLocale(QLocale::French, QLocale::France)));
+  QCOMPARE(Text(27), QString("Kunde"));
+  QVERIFY(UseLanguageOf(QLocale(QLocale::English, QLocale::Australia)));
+  QCOMPARE(Text(27), QString("Customer"));
+  QVERIFY(!UseLanguageOf(QLocale::c()));
+}
+
+void tst_StringTable::shouldTakeALanguageInPlaceOfWhatWasLaidBefore() {
+  LoadStringTable(FileOf("27\tGuest\n9001\tNew\nckbNew.Caption\tOwn\n").toStdString());
+  QCOMPARE(Translated("frmPickPO.ckbNew.Caption", "Of ours"), std::string("Own"));
+  QVERIFY(UseLanguage("de"));
+  QCOMPARE(Text(27), QString("Kunde"));
+  QCOMPARE(Text(9001), QString("#9001"));
+  QCOMPARE(Translated("frmPickPO.ckbNew.Caption", "Of ours"), std::string("Of ours"));
+  LoadStringTable(FileOf("27\tGast\n").toStdString());
+  QCOMPARE(Text(27), QString("Gast"));
+  QCOMPARE(Text(29), QString("Lieferant"));
+}
+
+void tst_StringTable::shouldTranslateWhatADialogHoldsAsItsOwn() {
+  QCOMPARE(Translated("frmPickPO.ckbNew.Caption", "Of ours"), std::string("Of ours"));
+  LoadStringTable(FileOf("ckbNew.Caption\tAll\nfrmPickPO.ckbNew.Caption\tOne\\nonly\n").toStdString());
+  QCOMPARE(Translated("frmPickCity.ckbNew.Caption", "Of ours"), std::string("All"));
+  QCOMPARE(Translated("frmPickPO.ckbNew.Caption", "Of ours"), std::string("One\nonly"));
+  QCOMPARE(Translated("ckbNew.Caption", "Of ours"), std::string("All"));
+  QCOMPARE(Translated("ckbOther.Caption", "Of ours"), std::string("Of ours"));
+  QCOMPARE(Translated("", "Of ours"), std::string("Of ours"));
+}
+
+void tst_StringTable::shouldNotTranslateAnotherTextOfThatName() {
+  QVERIFY(UseLanguage("de"));
+  QCOMPARE(Translated("frmPickPO.ckbInactive.Caption", "Inactive"), std::string("Inaktive"));
+  QCOMPARE(Translated("frmPickPO.ckbInactive.Caption", "Sleeping"), std::string("Sleeping"));
 }
 
 QTEST_MAIN(tst_StringTable)
