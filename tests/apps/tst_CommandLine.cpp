@@ -1,10 +1,12 @@
 #include "apps/command/CommandLine.h"
 
+#include <QLocale>
 #include <QTest>
 #include <functional>
 
 #include "apps/command/Help.h"
 #include "zulcommon/DisplayFormats.h"
+#include "zulcommon/StringTable.h"
 
 using catalog::TArg;
 using catalog::TArgs;
@@ -51,6 +53,7 @@ class tst_CommandLine : public QObject {
   void shouldExplainWhatIsWrong();
   void shouldSetTheDatePattern();
   void shouldRefuseATextTableThatIsNotThere();
+  void shouldTakeTheLanguage();
   void shouldListEveryOption();
 };
 
@@ -127,6 +130,23 @@ void tst_CommandLine::shouldSetTheDatePattern() {
 
 void tst_CommandLine::shouldRefuseATextTableThatIsNotThere() {
   QVERIFY_THROWS_EXCEPTION(EUsage, ApplyTexts(Read({"--strings=/nowhere/strings.txt"})));
+}
+
+void tst_CommandLine::shouldTakeTheLanguage() {
+  const QLocale Before;
+  ApplyTexts(Read({"--language", "de"}));
+  QCOMPARE(zulcommon::LoadZULResString(27), std::string("Kunde"));
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::Australia));
+  ApplyTexts(Read({"--language=system"}));
+  QCOMPARE(zulcommon::LoadZULResString(27), std::string("Customer"));
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  ApplyTexts(Read({}));
+  QCOMPARE(zulcommon::LoadZULResString(27), std::string("Customer"));
+  ApplyTexts(Read({"--language=system"}));
+  QCOMPARE(zulcommon::LoadZULResString(27), std::string("Kunde"));
+  QVERIFY_THROWS_EXCEPTION(EUsage, ApplyTexts(Read({"--language=tlh"})));
+  QLocale::setDefault(Before);
+  zulcommon::ResetStringTable();
 }
 
 void tst_CommandLine::shouldListEveryOption() {
