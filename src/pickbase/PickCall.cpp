@@ -63,6 +63,11 @@ bool TPickWatch::Show(uDocPickBase::TDocPickBase& Dialog) {
   return Dialog.ShowPick();
 }
 
+void TPickWatch::NotChosen(std::unique_ptr<uDocPickBase::TDocPickBase> Dialog) {
+  const TPickWatch* Watch = InnermostWatch();
+  if (Watch != nullptr && Watch->OnNotChosen) Watch->OnNotChosen(std::move(Dialog));
+}
+
 void TPickWatch::Chosen(uDocPickBase::TDocPickBase& Dialog) {
   const TPickWatch* Watch = InnermostWatch();
   if (Watch != nullptr && Watch->OnChosen) Watch->OnChosen(Dialog);

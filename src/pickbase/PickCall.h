@@ -57,11 +57,14 @@ class ZULPICKLISTS_EXPORT TPickWatch {
   /// A dialog is complete and its list open. Whether it is to be shown: when it is not, the function answers as for
   /// Cancel. What is thrown reaches the function's caller.
   std::function<bool(uDocPickBase::TDocPickBase& Dialog)> OnBuilt;
+  /// Nothing was chosen. The dialog goes with this unless it is kept; it may outlive the call.
+  std::function<void(std::unique_ptr<uDocPickBase::TDocPickBase> Dialog)> OnNotChosen;
   /// The user has chosen; the dialog still has its list, and the ticks in it.
   std::function<void(uDocPickBase::TDocPickBase& Dialog)> OnChosen;
 
   // For `Pick`.
   static bool Show(uDocPickBase::TDocPickBase& Dialog);
+  static void NotChosen(std::unique_ptr<uDocPickBase::TDocPickBase> Dialog);
   static void Chosen(uDocPickBase::TDocPickBase& Dialog);
 
  private:
@@ -72,8 +75,11 @@ class ZULPICKLISTS_EXPORT TPickWatch {
 template <typename TDialog, typename TTake, typename... TArgs>
 bool Pick(TTake Take, TArgs... Args) {
   TPickCall Call;
-  const std::unique_ptr<TDialog> Dialog = TDialog::Create(std::move(Args)...);
-  if (!TPickWatch::Show(*Dialog)) return false;
+  std::unique_ptr<TDialog> Dialog = TDialog::Create(std::move(Args)...);
+  if (!TPickWatch::Show(*Dialog)) {
+    TPickWatch::NotChosen(std::move(Dialog));
+    return false;
+  }
   Take(*Dialog);
   TPickWatch::Chosen(*Dialog);
   return true;

@@ -1,6 +1,6 @@
 #include "ads/GoldenCases.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -55,10 +55,11 @@ void ReadFile(const std::filesystem::path& File, std::vector<TGoldenCase>& Cases
 }  // namespace
 
 std::vector<TGoldenCase> ReadGoldenCases() {
-  constexpr std::array Files = {"reference", "parties", "orders", "purchasing", "stock", "accounts", "failing"};
+  const std::filesystem::directory_iterator Folder(ZUL_GOLDEN_FOLDER);
+  std::vector<std::filesystem::path> Files(begin(Folder), end(Folder));
+  std::sort(Files.begin(), Files.end());
   std::vector<TGoldenCase> Cases;
-  for (const char* File : Files)
-    ReadFile(std::filesystem::path(ZUL_GOLDEN_FOLDER) / (std::string(File) + ".txt"), Cases);
+  for (const std::filesystem::path& File : Files) ReadFile(File, Cases);
   for (TGoldenCase& Case : Cases) Finish(Case);
   return Cases;
 }

@@ -1,10 +1,7 @@
 #include "catalog/Catalog.h"
 
-#include <QProcess>
-#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QTest>
-#include <map>
 
 #include "ads/EDatabaseError.h"
 #include "catalog/Near.h"
@@ -53,19 +50,6 @@ QString MessageOf(const std::function<void()>& Body) {
   return {};
 }
 
-// How often the module exports each function whose name begins with Call, overloads counted apart.
-std::map<std::string, int> ExportedFunctions() {
-  QProcess Process;
-  Process.start(QStringLiteral("nm"), {"-DC", "--defined-only", QStringLiteral(ZUL_LIBRARY)});
-  if (!Process.waitForFinished()) qFatal("nm does not run.");
-  static const QRegularExpression Function(QStringLiteral("^[0-9a-f]+ T (u\\w+::Call\\w+)(?:\\[[^]]*\\])?\\("),
-                                           QRegularExpression::MultilineOption);
-  std::map<std::string, int> Result;
-  QRegularExpressionMatchIterator Match = Function.globalMatch(QString::fromUtf8(Process.readAllStandardOutput()));
-  while (Match.hasNext()) ++Result[Match.next().captured(1).toStdString()];
-  return Result;
-}
-
 }  // namespace
 
 class tst_Catalog : public QObject {
@@ -85,7 +69,6 @@ class tst_Catalog : public QObject {
   void shouldDescribeWhatIsNotAtItsDefault();
   void shouldProposeNearNames();
   void shouldGiveTheOutputAfterTheCall();
-  void shouldHoldEveryExportedFunctionOnce();
   void shouldPassTheConnectionToEveryFunction();
   void shouldExplainEveryPickAndArgument();
 };
@@ -274,19 +257,6 @@ void tst_Catalog::shouldGiveTheOutputAfterTheCall() {
   QCOMPARE(List.Keys, (std::vector<std::string>{"A", "B"}));
   QVERIFY(!catalog::KeyResult("").Chosen);
   QVERIFY(catalog::KeyResult("E").Chosen);
-}
-
-void tst_Catalog::shouldHoldEveryExportedFunctionOnce() {
-  std::map<std::string, int> InCatalog;
-  for (const TPick& Pick : catalog::FullCatalog().All()) ++InCatalog[Pick.Function];
-  const std::map<std::string, int> Exported = ExportedFunctions();
-  QVERIFY(Exported.size() > 10);
-  for (const auto& [Function, Count] : Exported) {
-    QVERIFY2(InCatalog[Function] == Count, (Function + " is not in the catalog as often as it is exported").c_str());
-  }
-  for (const auto& [Function, Count] : InCatalog) {
-    QVERIFY2(Exported.contains(Function), (Function + " is in the catalog but not exported").c_str());
-  }
 }
 
 void tst_Catalog::shouldPassTheConnectionToEveryFunction() {

@@ -16,7 +16,7 @@
 #include "frame/uZULPickPlsWait.h"
 #include "pickbase/uDocPickMultiBase.h"
 #include "picks/parties/uPickCustomer.h"
-#include "servers/EveryDialog.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "support/Screens.h"
 #include "support/TestCompany.h"

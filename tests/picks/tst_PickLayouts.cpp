@@ -4,7 +4,7 @@
 #include <QHeaderView>
 #include <QTest>
 
-#include "servers/EveryDialog.h"
+#include "support/EveryDialog.h"
 #include "support/TestCompany.h"
 
 using uDocPickBase::TDocPickBase;

@@ -9,7 +9,7 @@
 
 #include "frame/uZULPickListsUtils.h"
 #include "frame/uZULPickPlsWait.h"
-#include "servers/EveryDialog.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "support/Screens.h"
 #include "support/TestCompany.h"
@@ -137,9 +137,7 @@ void tst_Screens::shouldKeepEverythingInReachOnANarrowScreen() {
 void tst_Screens::shouldScrollSidewaysWhatDoesNotFit() {
   THost Host(Small);
   QVERIFY(Host.IsActive());
-  const auto& All = support::EveryDialog();
-  const auto Found = std::find_if(All.begin(), All.end(), [](const auto& Each) { return Each.Name == "AnyPO"; });
-  const auto Pick = Found->Create(Company_.Connection());
+  const auto Pick = support::SampleDialog("po").Create(Company_.Connection());
   Pick->show();
   QVERIFY(QTest::qWaitForWindowActive(Pick.get()));
   Pick->dbgAvail->setFocus();

@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "picks/orders/uPickOEJob.h"
-#include "servers/EveryDialog.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
 

@@ -3,9 +3,9 @@
 
 #include "ads/Ads.h"
 #include "catalog/Catalog.h"
-#include "servers/EveryDialog.h"
 #include "servers/HostileTrial.h"
 #include "servers/PickTaker.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "zulcommon/EZULException.h"
 

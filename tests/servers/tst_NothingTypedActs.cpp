@@ -5,8 +5,8 @@
 
 #include "ads/Ads.h"
 #include "pickbase/uDocPickBase.h"
-#include "servers/EveryDialog.h"
 #include "servers/HostileTrial.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "toolkit/EConvertError.h"
 #include "zulcommon/EZULException.h"

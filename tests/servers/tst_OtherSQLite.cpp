@@ -13,7 +13,7 @@
 #include "ads/Ads.h"
 #include "ads/Cursor.h"
 #include "servers/Backends.h"
-#include "servers/EveryDialog.h"
+#include "support/EveryDialog.h"
 #include "support/PickDriver.h"
 #include "support/TestCompany.h"
 

@@ -13,22 +13,23 @@ using namespace zulcommon;
 
 namespace {
 
-// Every number that the pick dialogs load.
-constexpr std::int32_t UsedNumbers[] = {
-    2,     7,     27,    29,    32,    33,    52,    57,    59,    67,    80,   81,   90,   94,   96,   97,    136,
-    140,   152,   153,   155,   214,   215,   246,   258,   260,   311,   337,  344,  364,  366,  381,  392,   406,
-    407,   426,   446,   448,   449,   454,   491,   516,   517,   518,   519,  520,  523,  524,  572,  575,   578,
-    579,   2000,  2001,  2007,  3000,  3001,  3002,  3003,  3004,  3006,  3007, 3008, 3011, 3013, 3014, 3015,  3016,
-    3017,  3018,  3019,  3020,  3021,  3022,  3023,  3024,  3025,  3026,  3027, 3028, 3029, 3030, 3035, 3036,  3039,
-    3041,  3043,  3045,  3054,  3055,  3056,  3059,  3069,  3072,  3076,  3078, 3079, 3082, 3083, 3087, 3089,  3114,
-    3115,  3119,  3121,  3127,  3128,  3129,  3131,  3139,  3145,  3147,  3152, 3156, 3163, 3165, 3192, 3194,  3195,
-    3200,  3209,  3210,  3223,  3233,  3234,  3247,  3248,  5000,  5033,  5034, 5035, 5036, 6023, 6097, 65520, 65521,
-    65522, 65530, 65531, 65532, 65533, 65534, 65535, 65536, 65537, 65538, 65539};
-
 constexpr int ChoiceWidth = 58;
 
 QString Text(std::int32_t Number) {
   return QString::fromStdString(LoadZULResString(Number));
+}
+
+// The numbers of the table that is compiled in, as they stand there. Which ones the dialogs load is told by
+// tst_NothingForgotten.
+QList<std::int32_t> Numbers() {
+  QFile Table(":/zul/strings/en.txt");
+  if (!Table.open(QIODevice::ReadOnly)) qFatal("There is no table.");
+  QList<std::int32_t> Result;
+  while (!Table.atEnd()) {
+    const QByteArray Line = Table.readLine();
+    if (const qsizetype Tab = Line.indexOf('\t'); Tab > 0 && Line[0] != '#') Result << Line.left(Tab).toInt();
+  }
+  return Result;
 }
 
 // The message with which a table is refused; empty when it is taken.
@@ -48,7 +49,7 @@ class tst_StringTable : public QObject {
 
  private slots:
   void cleanup();
-  void shouldHaveATextForEveryNumberInUse();
+  void shouldHaveATextForEveryNumber();
   void shouldGiveAPlaceholderForANumberWithoutText();
   void shouldHoldTheTextsThatAreFixed();
   void shouldHoldOnePlaceholderWhereATextIsFormatted();
@@ -88,8 +89,8 @@ void tst_StringTable::cleanup() {
   ResetStringTable();
 }
 
-void tst_StringTable::shouldHaveATextForEveryNumberInUse() {
-  for (const std::int32_t Number : UsedNumbers) {
+void tst_StringTable::shouldHaveATextForEveryNumber() {
+  for (const std::int32_t Number : Numbers()) {
     const QString Used = Text(Number);
     QVERIFY2(!Used.isEmpty() && !Used.startsWith('#'), qPrintable(QString::number(Number)));
     QCOMPARE(Used, Used.trimmed());
@@ -112,7 +113,7 @@ void tst_StringTable::shouldHoldTheTextsThatAreFixed() {
 }
 
 void tst_StringTable::shouldHoldOnePlaceholderWhereATextIsFormatted() {
-  for (const std::int32_t Number : UsedNumbers) {
+  for (const std::int32_t Number : Numbers()) {
     const bool Formatted = Number == 6023 || Number == 65521 || Number == 65522;
     QCOMPARE(Text(Number).count("%s"), qsizetype{Formatted ? 1 : 0});
     QCOMPARE(Text(Number).count('%'), qsizetype{Formatted ? 1 : 0});
@@ -120,17 +121,12 @@ void tst_StringTable::shouldHoldOnePlaceholderWhereATextIsFormatted() {
 }
 
 void tst_StringTable::shouldHoldEachNumberOnce() {
-  QFile Table(":/zul/strings/en.txt");
-  QVERIFY(Table.open(QIODevice::ReadOnly));
-  QSet<QByteArray> Seen;
-  while (!Table.atEnd()) {
-    const QByteArray Line = Table.readLine();
-    const qsizetype Tab = Line.indexOf('\t');
-    if (Tab < 0) continue;
-    QVERIFY2(!Seen.contains(Line.left(Tab)), Line.constData());
-    Seen.insert(Line.left(Tab));
+  QSet<std::int32_t> Seen;
+  for (const std::int32_t Number : Numbers()) {
+    QVERIFY2(!Seen.contains(Number), qPrintable(QString::number(Number)));
+    Seen.insert(Number);
   }
-  QCOMPARE(Seen.size(), static_cast<qsizetype>(std::size(UsedNumbers)));
+  QVERIFY(!Seen.isEmpty());
 }
 
 void tst_StringTable::shouldOfferShortAndDifferentChoices_data() {

