@@ -250,6 +250,7 @@ class tst_NothingForgotten : public QObject {
   void shouldHaveGoldenTextsOfEveryOrderOfEveryDialog();
   void shouldShowNoNumberInPlaceOfAText();
   void shouldLoadEveryTextThereIs();
+  void shouldOfferShortAndDifferentChoices();
   void shouldHaveATestOfItsOwnForEveryPick();
 };
 
@@ -485,6 +486,25 @@ void tst_NothingForgotten::shouldLoadEveryTextThereIs() {
   for (const std::int32_t Number : NumbersOfTexts()) {
     if (LoadedTexts().contains(Number)) continue;
     Missing.Add("Nobody loads the text ", Number, ": is it still needed in src/zulcommon/strings/en.txt?");
+  }
+  VERIFY_NOTHING(Missing);
+}
+
+void tst_NothingForgotten::shouldOfferShortAndDifferentChoices() {
+  constexpr int Room = 58;  // of a choice on the form
+  const QFontMetrics Metrics(toolkit::TForm::FormFont());
+  TMissing Missing;
+  for (const TOpened& Each : All_) {
+    if (Each.Dialog == nullptr) continue;
+    for (const toolkit::TRadioGroup* Group : {Each.Dialog->rgFindBy, Each.Dialog->rgOrderBy}) {
+      std::set<std::string> Seen;
+      for (const std::string& Choice : support::Items(*Group)) {
+        if (!Seen.insert(Choice).second)
+          Missing.Add(Each.Sample->Name, " offers ", Choice, " twice: take another text.");
+        if (Metrics.horizontalAdvance(QString::fromStdString(Choice)) <= Room) continue;
+        Missing.Add(Each.Sample->Name, ": the choice ", Choice, " is cut off: take a shorter text.");
+      }
+    }
   }
   VERIFY_NOTHING(Missing);
 }

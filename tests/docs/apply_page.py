@@ -10,7 +10,8 @@ A block goes where the line above it says, which ends in a colon:
     In `PATH`, before `LINE`:
 
 The line must stand in the file exactly once. Other blocks are left alone, but for those of the shell, which are
-printed. What goes to a file whose path matches a pattern is left out.
+printed. What goes to a file whose path matches a pattern is left out; the file gets a new date all the same, so that a
+build notices that it is as before again.
 """
 
 import argparse
@@ -71,6 +72,8 @@ def main():
             sys.exit(f"{options.page}: nothing says where this block goes: {lines[0]}")
         name = place["new"] or place["file"]
         if any(fnmatch.fnmatchcase(name, pattern) for pattern in options.without):
+            if (options.tree / name).exists():
+                (options.tree / name).touch()
             continue
         if place["new"]:
             create(options.tree, name, lines)
