@@ -95,6 +95,7 @@ class TReader {
     if (Name == "list") return &Result_.List;
     if (Name == "help") return &Result_.Help;
     if (Name == "version") return &Result_.Version;
+    if (Name == "check") return &Result_.Check;
     return nullptr;
   }
 

@@ -13,7 +13,7 @@ namespace command {
 /// What the two programs are told when they are started:
 ///
 ///   [--db ADDRESS] [--language CODE] [--strings FILE] [--date-format PATTERN] [--format text|json] [--list]
-///   [--help] [--version] [--check-texts FILE] [NAME [options of the pick NAME]]
+///   [--help] [--version] [--check] [--check-texts FILE] [NAME [options of the pick NAME]]
 ///
 /// The common options may stand anywhere, those of a pick behind its name. A value stands in the next word or behind an
 /// equals sign; a Boolean option takes one only behind an equals sign.
@@ -21,6 +21,7 @@ struct TCommandLine {
   bool List = false;
   bool Help = false;
   bool Version = false;
+  bool Check = false;
   const catalog::TPick* Pick = nullptr;
   std::optional<catalog::TArgs> Args;  ///< whenever there is a pick
   std::string Database;                ///< the environment's ZUL_DB when the option is not given

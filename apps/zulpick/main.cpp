@@ -10,6 +10,7 @@
 #include <exception>
 #include <string>
 
+#include "apps/command/CheckCommand.h"
 #include "apps/command/CommandLine.h"
 #include "apps/command/Help.h"
 #include "apps/command/OpenDatabase.h"
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int Chosen = 0;
 constexpr int NothingChosen = 1;
+constexpr int Unfit = 1;
 constexpr int WrongUsage = 2;
 constexpr int Failed = 3;
 
@@ -99,7 +101,10 @@ int Open(const command::TCommandLine& CommandLine, char* Program) {
   const QApplication Application(ArgCount, ArgValues);
   QApplication::setWindowIcon(pickbase::PickIcon());
   try {
+    if (CommandLine.Check) return command::RunCheck(CommandLine) ? Chosen : Unfit;
     return Run(CommandLine);
+  } catch (const command::EUsage&) {
+    throw;
   } catch (const std::exception& Error) {
     return Complain(Failed, Error.what());
   }

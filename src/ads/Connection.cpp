@@ -103,6 +103,7 @@ TListStatements TAdsConnection::Statements(const std::string& Sql, std::span<con
   const sql::TDialect& Speech = Dialect();
   Speech.RequireUnambiguous(Sql);
   TListStatements Result;
+  Result.Source = Sql;
   Result.Whole = Speech.Rewrite(Sql);
   if (PageRows > 0) AddPage(Result, Speech, Sql, PageRows);
   return Result;

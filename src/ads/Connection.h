@@ -13,9 +13,11 @@
 namespace ads {
 
 class TCursor;
+class TTrial;
 
 /// The statements of one list, in the server's SQL.
 struct TListStatements {
+  std::string Source;  ///< what the dialog asked for, in its own SQL
   std::string Whole;
   std::string Page;  ///< gives the first rows of the whole one; empty where that cannot be asked for
   std::vector<std::string> SortColumns;  ///< by which the rows are sorted, among those of the result
@@ -61,6 +63,10 @@ class ZULADS_EXPORT TAdsConnection {
   /// read.
   std::unique_ptr<TCursor> OpenCursor(const std::string& Sql, std::span<const std::string> AllowedFunctions = {}) const;
 
+  /// The trial that is under way on this connection; null when there is none. It sets itself.
+  TTrial* Trial() const { return Trial_; }
+  void SetTrial(TTrial* Trial) { Trial_ = Trial; }
+
  private:
   void RequireOwnThread() const;
   bool IsOfOwnSQLite() const;
@@ -68,6 +74,7 @@ class ZULADS_EXPORT TAdsConnection {
 
   QSqlDatabase Database_;
   mutable std::optional<bool> IsOfOwnSQLite_;  // of the driver, once it was asked
+  TTrial* Trial_ = nullptr;
 };
 
 }  // namespace ads

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ads/EDatabaseError.h"
 #include "ads/zulads_export.h"
@@ -45,6 +46,10 @@ class ZULADS_EXPORT TCursor {
 
   /// Throws what is wrong with a statement that will be begun later, where that can be known without running it.
   virtual void Check(const std::string&) {}
+
+  /// Has the server prepare a statement without running it, and gives the names of the columns of its result where they
+  /// are known then. Not to be called once a statement was begun. Leaves nothing open. Throws `EDatabaseError`.
+  virtual std::vector<std::string> Prepare(const std::string& Sql) = 0;
 
   /// Begins a statement, in the server's SQL. One that was begun before is ended, but both see one state of the data
   /// where the server can do that. Throws `EDatabaseError`.
@@ -123,6 +128,9 @@ void* ODBCHandle(const QSqlDatabase& Database);
 /// What the ODBC driver says that it talks to.
 enum class TODBCServer : std::uint8_t { PostgreSQL, SQLite, Other };
 TODBCServer ODBCServer(void* Handle);
+/// The name and the version of what it talks to, as the ODBC driver tells them.
+std::string ODBCServerName(void* Handle);
+std::string ODBCServerVersion(void* Handle);
 
 /// Reads through ODBC; on PostgreSQL as `NewPostgreSQLCursor` does.
 std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase& Database);

@@ -11,6 +11,7 @@
 #include "ads/EDatabaseError.h"
 #include "ads/ListReading.h"
 #include "ads/Store.h"
+#include "ads/Trial.h"
 #include "zulcommon/Text.h"
 
 namespace ads {
@@ -86,8 +87,46 @@ std::unique_ptr<TListReading> TDataSet::NewReading(TListStatements Statements) c
                                         MaxRows(), FirstRowsFirst_);
 }
 
-// The rest of the rows before makes way, and is gone on with when there are no new ones.
 bool TDataSet::Load(TListStatements Statements) {
+  if (TTrial* Trial = RequireConnection().Trial()) return LoadInTrial(*Trial, std::move(Statements));
+  return Read(std::move(Statements));
+}
+
+std::vector<std::string> TDataSet::DataFieldNames() const {
+  std::vector<std::string> Names;
+  for (const TField* Field : Fields_) {
+    if (Field->Kind() == TFieldKind::fkData) Names.push_back(Field->FieldName());
+  }
+  return Names;
+}
+
+bool TDataSet::LoadInTrial(TTrial& Trial, TListStatements Statements) {
+  if (IsReadInTrials_) {
+    if (ReadInTrial(Trial, Statements)) return true;
+  } else {
+    Trial.Try(Statements, DataFieldNames());
+  }
+  Show(NewReading(std::move(Statements)), true);
+  return true;
+}
+
+bool TDataSet::ReadInTrial(TTrial& Trial, const TListStatements& Statements) {
+  try {
+    if (!Read(Statements)) return false;
+  } catch (const EConnectionLost&) {
+    throw;
+  } catch (const EQueryEnded&) {
+    throw;
+  } catch (const EDatabaseError& Error) {
+    Trial.TellFailed(Statements, Error.what());
+    return false;
+  }
+  Trial.TellRead(Statements, KnownRows());
+  return true;
+}
+
+// The rest of the rows before makes way, and is gone on with when there are no new ones.
+bool TDataSet::Read(TListStatements Statements) {
   std::unique_ptr<TListReading> Reading = NewReading(std::move(Statements));
   LetGo(TRest::WhenWanted);
   bool IsComplete = false;

@@ -18,6 +18,7 @@ namespace ads {
 class TAdsConnection;
 class TListReading;
 class TStore;
+class TTrial;
 struct TListStatements;
 
 /// Rows of a database, read once and kept, with a cursor that stands on one of them.
@@ -56,6 +57,9 @@ class ZULADS_EXPORT TDataSet : public QObject {
   /// its order. The rest is read while the event loop runs, by portions of some milliseconds, and told by `Grown`; the
   /// reading statement stays open for so long. Not to be changed while the dataset is open.
   void SetFirstRowsFirst(bool Early) { FirstRowsFirst_ = Early; }
+
+  /// Whether its rows are read even while a `TTrial` of its connection lives.
+  void SetReadInTrials(bool Read) { IsReadInTrials_ = Read; }
 
   /// Whether all rows are there.
   bool IsComplete() const { return Reading_ == nullptr; }
@@ -159,6 +163,10 @@ class ZULADS_EXPORT TDataSet : public QObject {
 
   class TWaiting;
 
+  std::vector<std::string> DataFieldNames() const;
+  bool Read(TListStatements Statements);
+  bool LoadInTrial(TTrial& Trial, TListStatements Statements);
+  bool ReadInTrial(TTrial& Trial, const TListStatements& Statements);
   std::unique_ptr<TListReading> NewReading(TListStatements Statements) const;
   bool ReadUntilShown(TListReading& Reading, bool& IsComplete);
   void Show(std::unique_ptr<TListReading> Reading, bool IsComplete);
@@ -179,6 +187,7 @@ class ZULADS_EXPORT TDataSet : public QObject {
   std::vector<TField*> Fields_;
   std::shared_ptr<TStore> Store_;
   bool FirstRowsFirst_ = false;
+  bool IsReadInTrials_ = false;
   std::unique_ptr<TListReading> Reading_;  // of rows that are still to come
   std::shared_ptr<void> Held_;             // what `HoldOthers` gave
   QTimer* RestTimer_ = nullptr;            // made when it is wanted

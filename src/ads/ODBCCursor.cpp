@@ -113,6 +113,15 @@ class TStatementHandle {
     return true;
   }
 
+  /// Has the driver prepare a statement; some drivers ask the server only when they are asked for the result's columns.
+  void Prepare(const std::string& Sql, bool AsBytes) {
+    const QString Text = QString::fromStdString(Sql);
+    auto* Wide = const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(Text.utf16()));
+    auto* Bytes = const_cast<SQLCHAR*>(reinterpret_cast<const SQLCHAR*>(Sql.data()));
+    Require(AsBytes ? SQLPrepare(Handle_, Bytes, static_cast<SQLINTEGER>(Sql.size()))
+                    : SQLPrepareW(Handle_, Wide, static_cast<SQLINTEGER>(Text.size())));
+  }
+
   /// Ends a statement that is still being executed, as far as the driver does that within a moment.
   void Cancel(const std::string& Sql, bool AsBytes) {
     if (!IsExecuting_) return;
@@ -315,18 +324,25 @@ class TODBCCursor final : public TCursor {
   bool IsShareable() const override { return false; }
 
   void Begin(const std::string& Sql) override {
-    Sql_ = Sql;
-    Statement_.reset();
-    Columns_.clear();
-    HasExecuted_ = false;
-    if (Server_ == TODBCServer::PostgreSQL) {
-      if (!Scope_) Scope_.emplace(Connection_);
-      Scope_->Check(Sql);
-    }
-    Statement_.emplace(Connection_);
-    AsBytes_ = Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
-               !TakesWideTexts(Connection_);
+    Open(Sql);
     Statement_->AllowAsynchronous();
+  }
+
+  // PostgreSQL's driver may leave all of the preparing to the moment of execution, so there the statement is executed,
+  // but asked for no row.
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    Open(Sql);
+    if (Server_ == TODBCServer::PostgreSQL) {
+      Statement_->Execute("SELECT * FROM (" + Sql + "\n) zul LIMIT 0");
+    } else {
+      Statement_->Prepare(Sql, AsBytes_);
+    }
+    Describe();
+    Statement_.reset();
+    Scope_.reset();
+    std::vector<std::string> Names;
+    for (const TColumn& Column : Columns_) Names.push_back(Column.Name);
+    return Names;
   }
 
   // Most drivers give back only when the statement has been executed, so the first portion may take as long as that.
@@ -360,6 +376,20 @@ class TODBCCursor final : public TCursor {
   }
 
  private:
+  void Open(const std::string& Sql) {
+    Sql_ = Sql;
+    Statement_.reset();
+    Columns_.clear();
+    HasExecuted_ = false;
+    if (Server_ == TODBCServer::PostgreSQL) {
+      if (!Scope_) Scope_.emplace(Connection_);
+      Scope_->Check(Sql);
+    }
+    Statement_.emplace(Connection_);
+    AsBytes_ = Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
+               !TakesWideTexts(Connection_);
+  }
+
   // Ends what is left of a connection that the host has closed. Closing frees the statements of a connection, and not
   // every call on a freed one is refused. SQLite's driver though does not close a connection under a running statement,
   // and Qt's lets go of it all the same; it is closed here, behind the last statement.
@@ -479,11 +509,27 @@ void* ODBCHandle(const QSqlDatabase& Database) {
   return Handle.isValid() ? *static_cast<void* const*>(Handle.constData()) : nullptr;
 }
 
-TODBCServer ODBCServer(void* Handle) {
-  SQLCHAR Name[128] = {};
+namespace {
+
+std::string InfoText(SQLHDBC Handle, SQLUSMALLINT What) {
+  SQLCHAR Text[128] = {};
   SQLSMALLINT Length = 0;
-  SQLGetInfo(Handle, SQL_DBMS_NAME, Name, static_cast<SQLSMALLINT>(sizeof Name), &Length);
-  const std::string_view Server = reinterpret_cast<const char*>(Name);
+  SQLGetInfo(Handle, What, Text, static_cast<SQLSMALLINT>(sizeof Text), &Length);
+  return reinterpret_cast<const char*>(Text);
+}
+
+}  // namespace
+
+std::string ODBCServerName(void* Handle) {
+  return InfoText(Handle, SQL_DBMS_NAME);
+}
+
+std::string ODBCServerVersion(void* Handle) {
+  return InfoText(Handle, SQL_DBMS_VER);
+}
+
+TODBCServer ODBCServer(void* Handle) {
+  const std::string Server = ODBCServerName(Handle);
   if (Server.starts_with("PostgreSQL")) return TODBCServer::PostgreSQL;
   return Server.starts_with("SQLite") ? TODBCServer::SQLite : TODBCServer::Other;
 }

@@ -104,6 +104,27 @@ class TPostgreSQLCursor final : public TCursor {
     OpenScope();
   }
 
+  // The statement without a name is gone with the next text that is sent, which is the end of what it stands in.
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    LetOthersMakeWay();
+    OpenScope();
+    PassTo(TPhase::Asking);
+    std::vector<std::string> Names;
+    if (Phase_ == TPhase::Asking) {
+      TPostgreSQLResult Answer(PQprepare(Talk_.Handle(), "", Sql.c_str(), 0, nullptr));
+      if (PQresultStatus(Answer.get()) == PGRES_COMMAND_OK) Answer.reset(PQdescribePrepared(Talk_.Handle(), ""));
+      if (Talk_.IsLost()) Talk_.RaiseLost();
+      if (PQresultStatus(Answer.get()) != PGRES_COMMAND_OK) FailAs(Answer.get());
+      for (int Column = 0; Column < PQnfields(Answer.get()); ++Column) {
+        Names.emplace_back(PQfname(Answer.get(), Column));
+      }
+      CloseScope();
+      PassTo(TPhase::Idle);
+    }
+    if (Failure_) std::rethrow_exception(std::exchange(Failure_, nullptr));
+    return Names;
+  }
+
   bool GoOn(TTime Until, const TTakeRow& Take) override {
     if (HasKept_) return GiveKept(Take);
     OnRow_ = false;
@@ -189,6 +210,14 @@ class TPostgreSQLCursor final : public TCursor {
     }
     Cancel_ = {};
     return true;
+  }
+
+  // Takes answers until a phase is there, or none is to come because it failed.
+  void PassTo(TPhase Wanted) {
+    while (Phase_ != Wanted && Phase_ != TPhase::Idle) {
+      Talk_.Await(Forever);
+      TakeAnswer();
+    }
   }
 
   // Takes the next answer of the server and does what follows from it; whether it is a row.

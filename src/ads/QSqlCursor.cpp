@@ -48,6 +48,13 @@ class TQSqlCursor final : public TCursor {
   std::string ColumnName(int Column) const override { return Record_.fieldName(Column).toStdString(); }
   bool IsShareable() const override { return IsSQLite_; }
 
+  // Qt tells the columns only of a statement that was executed.
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    QSqlQuery Query(Database_);
+    if (!Query.prepare(QString::fromStdString(Sql))) throw EDatabaseError(MessageOf(Query.lastError()));
+    return {};
+  }
+
   // SQLite keeps its state of the data for as long as any statement is being read: there the one before ends behind
   // the start of this one.
   void Begin(const std::string& Sql) override {

@@ -11,6 +11,7 @@
 #include <optional>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
@@ -111,8 +112,18 @@ class TSQLiteCursor final : public TCursor {
 
   void Check(const std::string& Sql) override {
     sqlite3_finalize(std::exchange(Prepared_, nullptr));
-    Prepared_ = Prepare(Sql);
+    Prepared_ = Compiled(Sql);
     PreparedSql_ = Sql;
+  }
+
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    sqlite3_stmt* Statement = Compiled(Sql);
+    std::vector<std::string> Names;
+    for (int Column = 0; Column < sqlite3_column_count(Statement); ++Column) {
+      Names.emplace_back(sqlite3_column_name(Statement, Column));
+    }
+    sqlite3_finalize(Statement);
+    return Names;
   }
 
   // What was begun before ends behind the first step of this one only: SQLite keeps its state of the data for as long
@@ -122,7 +133,7 @@ class TSQLiteCursor final : public TCursor {
     sqlite3_finalize(Before_);
     Before_ = std::exchange(Statement_, nullptr);
     const bool IsPrepared = Prepared_ != nullptr && Sql == PreparedSql_;
-    Statement_ = IsPrepared ? std::exchange(Prepared_, nullptr) : Prepare(Sql);
+    Statement_ = IsPrepared ? std::exchange(Prepared_, nullptr) : Compiled(Sql);
     Changes_ = sqlite3_total_changes64(Handle_);
   }
 
@@ -187,7 +198,7 @@ class TSQLiteCursor final : public TCursor {
   }
 
  private:
-  sqlite3_stmt* Prepare(const std::string& Sql) {
+  sqlite3_stmt* Compiled(const std::string& Sql) {
     sqlite3_stmt* Result = nullptr;
     const char* Tail = nullptr;
     if (sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Result, &Tail) != SQLITE_OK) Fail(Handle_);

@@ -174,6 +174,7 @@ void TDocPickBase::CreateButtons() {
 void TDocPickBase::CreateSys() {
   tblSys_ = Named(new ads::TAdsTable(this), "tblSys_");
   tblSys_->SetTableName("Sys");
+  tblSys_->SetReadInTrials(true);  // what it says decides which queries there are
   tblSys_QtyDec = tblSys_->AddField("QtyDec", TFieldType::ftSmallint);
   tblSys_PrcDec = tblSys_->AddField("PrcDec", TFieldType::ftSmallint);
   tblSys_MultiAcct = tblSys_->AddField("MultiAcct", TFieldType::ftBoolean);
