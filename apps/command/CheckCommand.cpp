@@ -1,7 +1,6 @@
 #include "apps/command/CheckCommand.h"
 
 #include <QByteArray>
-#include <QLoggingCategory>
 #include <cstdio>
 
 #include "apps/command/OpenDatabase.h"
@@ -10,9 +9,7 @@
 namespace command {
 
 void NeedNoDisplay() {
-  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.*=false"));  // it tells of all that a display could do
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
 bool RunCheck(const TCommandLine& CommandLine) {

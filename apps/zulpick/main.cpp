@@ -55,6 +55,8 @@ void SettleOutput() {
 
 // Qt ends a program that finds no display by abort(): that is no way to tell a shell script what is wrong.
 void ShowMessage(QtMsgType Type, const QMessageLogContext& Context, const QString& Message) {
+  // The platform without a display tells of each window what it cannot do.
+  if (Message.startsWith(QLatin1String("This plugin does not support "))) return;
   std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(Type, Context, Message)));
   if (Type != QtFatalMsg) return;
   std::fflush(stderr);

@@ -68,7 +68,7 @@ class TCombinations {
   }
 
   bool AreMany() const {
-    constexpr std::size_t Few = 64;
+    constexpr std::size_t Few = 16;
     std::size_t All = 1;
     for (const auto& Values : Values_) All *= Values.size();
     return All > Few;
