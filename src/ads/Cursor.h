@@ -48,7 +48,8 @@ class ZULADS_EXPORT TCursor {
   virtual void Check(const std::string&) {}
 
   /// Has the server prepare a statement without running it, and gives the names of the columns of its result where they
-  /// are known then. Not to be called once a statement was begun. Leaves nothing open. Throws `EDatabaseError`.
+  /// are known then. For any number of statements, but not once one was begun; what it opens for them ends with the
+  /// cursor, which is of no more use when one has failed. Throws `EDatabaseError`.
   virtual std::vector<std::string> Prepare(const std::string& Sql) = 0;
 
   /// Begins a statement, in the server's SQL. One that was begun before is ended, but both see one state of the data

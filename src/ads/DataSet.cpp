@@ -111,6 +111,7 @@ bool TDataSet::LoadInTrial(TTrial& Trial, TListStatements Statements) {
 }
 
 bool TDataSet::ReadInTrial(TTrial& Trial, const TListStatements& Statements) {
+  Trial.MakeWay();
   try {
     if (!Read(Statements)) return false;
   } catch (const EConnectionLost&) {

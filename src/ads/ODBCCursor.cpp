@@ -339,7 +339,6 @@ class TODBCCursor final : public TCursor {
     }
     Describe();
     Statement_.reset();
-    Scope_.reset();
     std::vector<std::string> Names;
     for (const TColumn& Column : Columns_) Names.push_back(Column.Name);
     return Names;

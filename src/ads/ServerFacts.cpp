@@ -72,10 +72,10 @@ bool IsOlder(const std::string& Version, int Major, int Minor) {
 void RequireVersion(TServerFacts& Facts, int Major, int Minor) {
   if (!IsOlder(Facts.Version, Major, Minor)) return;
   const std::string Wanted = std::to_string(Major) + (Minor > 0 ? "." + std::to_string(Minor) : "");
-  Facts.Shortcomings.push_back({Facts.Server + " " + Facts.Version + " is older than " + Wanted +
-                                    ", for which the dialogs' queries are made.",
-                                {},
-                                {}});
+  Facts.Shortcomings.push_back(
+      {Facts.Server + " " + Facts.Version + " is older than " + Wanted + ", for which the dialogs' queries are made.",
+       {},
+       {}});
 }
 
 constexpr TColumnKinds Everything{TColumnKind::Text, TColumnKind::Number, TColumnKind::Boolean, TColumnKind::Date};
@@ -125,9 +125,10 @@ void AddSQLite(const TAdsConnection& Connection, const std::vector<std::string>&
   Facts.Server = "SQLite";
   Facts.Version = Rows(Connection, "SELECT sqlite_version()").at(0).at(0);
   RequireVersion(Facts, 3, 40);
-  const std::string Sql = "SELECT name, type FROM (SELECT name, type FROM sqlite_master UNION ALL SELECT name, type "
-                          "FROM sqlite_temp_master) m WHERE type IN ('table', 'view') AND lower(name) IN " +
-                          LowerLiterals(Names) + " ORDER BY name";
+  const std::string Sql =
+      "SELECT name, type FROM (SELECT name, type FROM sqlite_master UNION ALL SELECT name, type "
+      "FROM sqlite_temp_master) m WHERE type IN ('table', 'view') AND lower(name) IN " +
+      LowerLiterals(Names) + " ORDER BY name";
   for (const TRow& Row : Rows(Connection, Sql)) {
     TTableFacts& Table = Facts.Tables.emplace_back();
     Table.Name = Row[0];
@@ -199,9 +200,9 @@ void RequireCollations(const TAdsConnection& Connection, TServerFacts& Facts) {
       "SELECT 1 FROM pg_catalog.pg_collation WHERE collname = 'und-x-icu' AND collprovider = 'i' AND "
       "pg_catalog.pg_collation_is_visible(oid)";
   if (!Rows(Connection, Sql).empty()) return;
-  Facts.Shortcomings.push_back({"The ICU collation \"und-x-icu\" is missing, by which letters are turned into capitals.",
-                                "CREATE COLLATION \"und-x-icu\" (provider = icu, locale = 'und')",
-                                "\"und-x-icu\""});
+  Facts.Shortcomings.push_back(
+      {"The ICU collation \"und-x-icu\" is missing, by which letters are turned into capitals.",
+       "CREATE COLLATION \"und-x-icu\" (provider = icu, locale = 'und')", "\"und-x-icu\""});
 }
 
 void AddPostgreSQL(const TAdsConnection& Connection, const std::vector<std::string>& Names, TServerFacts& Facts) {
@@ -246,9 +247,7 @@ void AddOther(const TAdsConnection& Connection, const std::vector<std::string>& 
     Facts.Version = ODBCServerVersion(Handle);
   }
   for (const QString& Name : Database.tables(QSql::Tables) + Database.tables(QSql::Views)) {
-    const auto IsAsked = [&Name](const std::string& Asked) {
-      return zulcommon::SameText(Asked, Name.toStdString());
-    };
+    const auto IsAsked = [&Name](const std::string& Asked) { return zulcommon::SameText(Asked, Name.toStdString()); };
     if (std::none_of(Names.begin(), Names.end(), IsAsked)) continue;
     TTableFacts& Table = Facts.Tables.emplace_back();
     Table.Name = Name.toStdString();
@@ -286,9 +285,8 @@ const TColumnFacts* TTableFacts::Find(const std::string& ColumnName) const {
 }
 
 const TTableFacts* TServerFacts::Find(const std::string& TableName) const {
-  const auto Found = std::find_if(Tables.begin(), Tables.end(), [&](const TTableFacts& Table) {
-    return zulcommon::SameText(Table.Name, TableName);
-  });
+  const auto Found = std::find_if(Tables.begin(), Tables.end(),
+                                  [&](const TTableFacts& Table) { return zulcommon::SameText(Table.Name, TableName); });
   return Found == Tables.end() ? nullptr : &*Found;
 }
 
@@ -302,9 +300,7 @@ TServerFacts ReadServerFacts(const TAdsConnection& Connection, const std::vector
   }
   TServerFacts Facts;
   Facts.Driver = Database.driverName().toStdString();
-  const auto Add = Kind == TServerKind::SQLite       ? AddSQLite
-                   : Kind == TServerKind::PostgreSQL ? AddPostgreSQL
-                                                     : AddOther;
+  const auto Add = Kind == TServerKind::SQLite ? AddSQLite : Kind == TServerKind::PostgreSQL ? AddPostgreSQL : AddOther;
   Add(Connection, TableNames, Facts);
   return Facts;
 }

@@ -16,9 +16,9 @@ using TColumnKinds = zulcommon::TSet<TColumnKind>;
 
 struct TColumnFacts {
   std::string Name;
-  std::string Type;          ///< as the server calls it; empty where it tells none
-  TColumnKinds Serves;       ///< what a dialog can use it for
-  bool IsReadable = true;    ///< whether the account may read it
+  std::string Type;        ///< as the server calls it; empty where it tells none
+  TColumnKinds Serves;     ///< what a dialog can use it for
+  bool IsReadable = true;  ///< whether the account may read it
 };
 
 struct TIndexFacts {
@@ -52,10 +52,10 @@ struct TShortcoming {
 
 /// What a server and a database are, as far as it matters to the dialogs.
 struct ZULADS_EXPORT TServerFacts {
-  std::string Driver;    ///< Qt's
-  std::string Server;    ///< its name
+  std::string Driver;  ///< Qt's
+  std::string Server;  ///< its name
   std::string Version;
-  std::string Account;   ///< empty where there are none
+  std::string Account;  ///< empty where there are none
   std::vector<TShortcoming> Shortcomings;
   std::vector<TTableFacts> Tables;  ///< those that were asked for and are there
   std::vector<TOtherTable> Others;
@@ -67,7 +67,8 @@ struct ZULADS_EXPORT TServerFacts {
 
 /// Asks the server, reading only and in the way in which cursors read: a transaction of the host's is as it was then.
 /// Throws `EDatabaseError`.
-ZULADS_EXPORT TServerFacts ReadServerFacts(const TAdsConnection& Connection, const std::vector<std::string>& TableNames);
+ZULADS_EXPORT TServerFacts ReadServerFacts(const TAdsConnection& Connection,
+                                           const std::vector<std::string>& TableNames);
 
 /// Statements that mend something, in the server's SQL and in the way in which it writes names.
 ZULADS_EXPORT std::string CreateIndexText(const TAdsConnection& Connection, const std::string& Name,

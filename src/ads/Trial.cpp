@@ -18,18 +18,24 @@ TTrial::~TTrial() {
   Connection_.SetTrial(nullptr);
 }
 
+void TTrial::MakeWay() {
+  Cursor_.reset();
+}
+
 const TTriedStatement& TTrial::Prepare(const std::string& Source, const std::string& Sent) {
   const auto Found = Known_.find(Sent);
   if (Found != Known_.end()) return Found->second;
   TTriedStatement Fresh{Source, Sent, {}, {}};
   try {
-    Fresh.Columns = Connection_.NewCursor()->Prepare(Sent);
+    if (Cursor_ == nullptr) Cursor_ = Connection_.NewCursor();
+    Fresh.Columns = Cursor_->Prepare(Sent);
   } catch (const EConnectionLost&) {
     throw;
   } catch (const EQueryEnded&) {
     throw;
   } catch (const EDatabaseError& Error) {
     Fresh.Failure = Error.what();
+    MakeWay();
   }
   return Known_.emplace(Sent, std::move(Fresh)).first->second;
 }

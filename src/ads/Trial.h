@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,9 +19,10 @@ struct TTriedStatement {
   std::string Failure;               ///< the server's message; empty when it takes the statement
 };
 
-/// While it lives, datasets over a connection read nothing: every statement that they would read is only prepared by the
-/// server, once for each text, and they open without rows. Datasets of `TDataSet::SetReadInTrials` are read as ever, but
-/// open without rows, too, when that fails. What the gate refuses and a lost connection are exceptions as ever.
+/// While it lives, datasets over a connection read nothing: every statement that they would read is only prepared by
+/// the server, once for each text, and they open without rows. Datasets of `TDataSet::SetReadInTrials` are read as
+/// ever, but open without rows, too, when that fails. What the gate refuses and a lost connection are exceptions as
+/// ever.
 ///
 /// One at a time for a connection, which must outlive it.
 class ZULADS_EXPORT TTrial {
@@ -40,6 +42,7 @@ class ZULADS_EXPORT TTrial {
 
   // For datasets.
   void Try(const TListStatements& Statements, const std::vector<std::string>& Fields);
+  void MakeWay();
   void TellRead(const TListStatements& Statements, int Rows) const;
   void TellFailed(const TListStatements& Statements, const std::string& Message) const;
 
@@ -47,6 +50,7 @@ class ZULADS_EXPORT TTrial {
   const TTriedStatement& Prepare(const std::string& Source, const std::string& Sent);
 
   TAdsConnection& Connection_;
+  std::unique_ptr<TCursor> Cursor_;               // by which the statements are prepared
   std::map<std::string, TTriedStatement> Known_;  // by the text that is sent
 };
 

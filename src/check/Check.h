@@ -12,7 +12,7 @@
 namespace check {
 
 enum class TFindingKind : std::uint8_t {
-  Server,         // the server as a whole: its version, a collation
+  Server,  // the server as a whole: its version, a collation
   MissingTable,
   MissingColumn,
   UnfitType,      // a column is of a type that the dialogs cannot use
@@ -51,11 +51,11 @@ struct TPickReport {
 };
 
 struct ZULCHECK_EXPORT TReport {
-  std::string Driver;   ///< Qt's
-  std::string Server;   ///< what answers, such as "PostgreSQL"
+  std::string Driver;  ///< Qt's
+  std::string Server;  ///< what answers, such as "PostgreSQL"
   std::string Version;
-  std::string Account;  ///< on a server that has them
-  int Queries = 0;      ///< so many different texts the server was asked to prepare
+  std::string Account;       ///< on a server that has them
+  int Queries = 0;           ///< so many different texts the server was asked to prepare
   bool KnowsIndexes = true;  ///< whether it could be asked for its indexes
   std::vector<TPickReport> Picks;
   std::vector<TFinding> Findings;
@@ -68,8 +68,8 @@ struct ZULCHECK_EXPORT TReport {
 /// it would send. Only the settings (`Sys`) are read; no row of the host's is, and nothing is written or shown. A
 /// transaction of the host's stays as it is.
 ///
-/// A query that fails is asked of an empty database of the dialogs' own schema as well, in memory, to tell whose fault it
-/// is; without Qt's driver QSQLITE it passes for the database's.
+/// A query that fails is asked of an empty database of the dialogs' own schema as well, in memory, to tell whose fault
+/// it is; without Qt's driver QSQLITE it passes for the database's.
 ///
 /// Takes seconds, on the thread of the user interface. Throws `ads::EDatabaseError` when the database cannot be asked
 /// at all, and `std::logic_error` as a pick does.

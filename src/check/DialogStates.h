@@ -11,8 +11,8 @@ namespace check {
 
 struct TCall {
   catalog::TArgs Args;
-  int Changed;        ///< so many arguments are not at their default
-  bool IsOneOfMany;   ///< the pick has too many combinations for all of them to be tried
+  int Changed;       ///< so many arguments are not at their default
+  bool IsOneOfMany;  ///< the pick has too many combinations for all of them to be tried
 };
 
 /// Values for the arguments of a pick by which its dialog becomes every dialog that it can be: all combinations where

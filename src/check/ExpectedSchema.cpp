@@ -62,9 +62,8 @@ const std::vector<TExpectedTable>& ExpectedTables() {
 
 const TExpectedTable* ExpectedTable(const std::string& Name) {
   const std::vector<TExpectedTable>& Tables = ExpectedTables();
-  const auto Found = std::find_if(Tables.begin(), Tables.end(), [&](const TExpectedTable& Table) {
-    return zulcommon::SameText(Table.Name, Name);
-  });
+  const auto Found = std::find_if(Tables.begin(), Tables.end(),
+                                  [&](const TExpectedTable& Table) { return zulcommon::SameText(Table.Name, Name); });
   return Found == Tables.end() ? nullptr : &*Found;
 }
 

@@ -133,8 +133,11 @@ void TFindings::AddRights(const ads::TTableFacts& Table, const std::string& Name
   const auto IsHidden = [&](const TPlace& Place) {
     return Place.Table == Name && std::find(Hidden.begin(), Hidden.end(), Place.Column) != Hidden.end();
   };
-  Findings_.push_back({TFindingKind::MissingRight, TSeverity::Breaks,
-                       "The account " + Facts_.Account + " may not read " + What + ".", PicksWith(IsHidden), {},
+  Findings_.push_back({TFindingKind::MissingRight,
+                       TSeverity::Breaks,
+                       "The account " + Facts_.Account + " may not read " + What + ".",
+                       PicksWith(IsHidden),
+                       {},
                        GrantSelectText(Connection_, Name, Facts_.Account)});
 }
 
@@ -206,14 +209,16 @@ void TFindings::AddIndexes(const ads::TTableFacts& Table, const std::string& Nam
     const auto Serves = [&Index](const auto& Other) { return Leads(Index.Columns, Other.Columns); };
     const bool IsThere = std::any_of(Table.Indexes.begin(), Table.Indexes.end(), Serves) ||
                          std::any_of(Told.begin(), Told.end(), Serves);
-    const bool HasColumns = std::all_of(Index.Columns.begin(), Index.Columns.end(), [&](const std::string& Column) {
-      return Table.Find(Column) != nullptr;
-    });
+    const bool HasColumns = std::all_of(Index.Columns.begin(), Index.Columns.end(),
+                                        [&](const std::string& Column) { return Table.Find(Column) != nullptr; });
     const std::vector<std::string> Picks = PicksWith({Name, Index.Columns.front()});
     if (IsThere || !HasColumns || Picks.empty()) continue;
     Told.push_back(Index);
-    Findings_.push_back({TFindingKind::MissingIndex, TSeverity::Advice,
-                         "No index of table " + Name + " begins with " + Joined(Index.Columns) + ".", Picks, {},
+    Findings_.push_back({TFindingKind::MissingIndex,
+                         TSeverity::Advice,
+                         "No index of table " + Name + " begins with " + Joined(Index.Columns) + ".",
+                         Picks,
+                         {},
                          CreateIndexText(Connection_, Index.Name, Table.Name, Index.Columns)});
   }
 }

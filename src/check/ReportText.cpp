@@ -64,8 +64,8 @@ std::string PickText(const TPickReport& Pick) {
 
 std::string TextOf(const TReport& Report) {
   std::string Result = "Server: " + (Report.Server.empty() ? "unknown" : Report.Server + " " + Report.Version) +
-                       ", by the driver " + Report.Driver +
-                       (Report.Account.empty() ? "" : ", as " + Report.Account) + "\n";
+                       ", by the driver " + Report.Driver + (Report.Account.empty() ? "" : ", as " + Report.Account) +
+                       "\n";
   Result += "Checked: " + Counted(Report.Picks.size(), "pick", "picks") + ", " +
             Counted(static_cast<std::size_t>(Report.Queries), "query", "queries") + " prepared\n";
   if (!Report.KnowsIndexes) Result += "This server cannot be asked for its indexes.\n";
@@ -75,9 +75,11 @@ std::string TextOf(const TReport& Report) {
   Result += "\nWHAT EACH PICK NEEDS\n\n";
   for (const TPickReport& Pick : Report.Picks) Result += PickText(Pick);
   const auto Fit = std::count_if(Report.Picks.begin(), Report.Picks.end(), [](const auto& Pick) { return Pick.IsFit; });
-  Result += "\n" + (Report.IsFit() ? std::string("The database is fit for ") + (Report.Picks.size() == 1 ? "it" : "all of them")
-                                   : std::to_string(Fit) + " of " + Counted(Report.Picks.size(), "pick", "picks") +
-                                         " will work") + ".\n";
+  Result +=
+      "\n" +
+      (Report.IsFit() ? std::string("The database is fit for ") + (Report.Picks.size() == 1 ? "it" : "all of them")
+                      : std::to_string(Fit) + " of " + Counted(Report.Picks.size(), "pick", "picks") + " will work") +
+      ".\n";
   return Result;
 }
 

@@ -58,7 +58,7 @@ TSurvey::TSurvey(ads::TAdsConnection* Connection, const std::vector<const catalo
 // What is thrown before the dialog is there, but for a connection that is of no use any more, is a finding.
 void TSurvey::Call(const TCall& Call) {
   Arguments_ = Call.Args.Describe();
-  State_.clear();
+  State_ = "on opening";
   TStateWalk Walk;
   Walk.Enter = [this](const std::string& State) { State_ = State; };
   Walk.Failed = [this](const std::string& Message) { NoteFailure({Message, {}, {}, {}, nullptr}); };

@@ -24,6 +24,11 @@ namespace {
 
 using TNames = std::vector<std::string>;
 
+// Some of each kind: with finds by date and number, lookups, several tables, arguments.
+const TNames SomePicks{"city",           "finance-rate", "item-history-period", "customer",
+                       "customer-email", "vendor",       "oe-member",           "booking",
+                       "stock-po",       "item-cost",    "kit-option"};
+
 std::vector<const catalog::TPick*> Picks(const TNames& Names) {
   std::vector<const catalog::TPick*> Result;
   for (const std::string& Name : Names) Result.push_back(catalog::FullCatalog().Find(Name));
@@ -58,9 +63,9 @@ QByteArray Bytes(const QString& FileName) {
 
 }  // namespace
 
-#define OPEN_BACKEND()                                             \
-  QFETCH(const TBackendKind, Kind);                                \
-  const auto Backend = support::OpenOrSkip(*Backends_, Kind);      \
+#define OPEN_BACKEND()                                        \
+  QFETCH(const TBackendKind, Kind);                           \
+  const auto Backend = support::OpenOrSkip(*Backends_, Kind); \
   if (Backend == nullptr) return
 
 class tst_Check : public QObject {
@@ -121,12 +126,14 @@ void tst_Check::shouldFindTheSampleCompanyFit() {
   OPEN_BACKEND();
   QElapsedTimer Timer;
   Timer.start();
-  const TReport Report = check::Check(Backend->Connection());
+  const bool IsByODBC = Kind == TBackendKind::ODBCSQLite || Kind == TBackendKind::ODBCPostgreSQL;
+  const TReport Report =
+      IsByODBC ? check::Check(Backend->Connection(), Picks(SomePicks)) : check::Check(Backend->Connection());
   qInfo("%s: %d queries in %lld ms", support::NameOf(Kind), Report.Queries, static_cast<long long>(Timer.elapsed()));
   QVERIFY2(Report.IsFit(), check::TextOf(Report).c_str());
   QVERIFY2(Of(Report, TSeverity::Advice).empty(), check::TextOf(Report).c_str());
-  QCOMPARE(Report.Picks.size(), catalog::FullCatalog().All().size());
-  QVERIFY(Report.Queries > 10000);
+  QCOMPARE(Report.Picks.size(), IsByODBC ? SomePicks.size() : catalog::FullCatalog().All().size());
+  QVERIFY(Report.Queries > (IsByODBC ? 1000 : 10000));
   QCOMPARE(Report.Server, std::string(support::IsOnPostgreSQL(Kind) ? "PostgreSQL" : "SQLite"));
   QVERIFY(!Report.Version.empty());
 }
@@ -270,10 +277,6 @@ void tst_Check::shouldTellAMissingCollation() {
 // A view that gives a value which cannot be compared, or none at all.
 void tst_Check::shouldNameAQueryThatFailsForAnotherReason() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP TABLE Suburb");
-  Backend->ExecuteBeside(support::IsOnPostgreSQL(Kind)
-                             ? "CREATE VIEW suburb AS SELECT CAST('{}' AS json) AS suburb"
-                             : "CREATE VIEW Suburb AS SELECT NoSuchColumn AS Suburb FROM Area");
   Backend->ExecuteBeside("DROP TABLE Periods");
   Backend->ExecuteBeside(
       support::IsOnPostgreSQL(Kind)
@@ -292,8 +295,9 @@ void tst_Check::shouldNameAQueryThatFailsForAnotherReason() {
     for (const std::string& State : Finding.States) QVERIFY(State.starts_with("aging-period"));
   }
   const auto& States = Broken.front().States;
+  QCOMPARE(States.front(), std::string("aging-period: on opening"));
   const auto IsNamed = [](const std::string& State) {
-    return State.find(": order by \"") != State.npos && State.find(", descending") != State.npos;
+    return State == "aging-period: order by \"Start\", find \"2000-01-31\" by \"End\"";
   };
   QVERIFY2(std::any_of(States.begin(), States.end(), IsNamed), check::TextOf(Report).c_str());
 }

@@ -72,8 +72,9 @@ void tst_ZulpickCheck::shouldCheckOnePickAlone() {
   Company.Execute("DROP TABLE Cust");
   const TRun City = Run({"--check", "city", "--db", QString::fromStdString(Company.FileName())});
   QCOMPARE(City.Code, Fit);
-  QVERIFY(City.Output.contains("\n  city: works, 5 queries\n      Area (Zip)\n      Sys (MultiAcct, MultiLoc, PrcDec, "
-                               "QtyDec)\n"));
+  QVERIFY(
+      City.Output.contains("\n  city: works, 5 queries\n      Area (Zip)\n      Sys (MultiAcct, MultiLoc, PrcDec, "
+                           "QtyDec)\n"));
   const TRun Customer = Run({"--check", "customer", "--db", QString::fromStdString(Company.FileName())});
   QCOMPARE(Customer.Code, Unfit);
 }
@@ -83,8 +84,8 @@ void tst_ZulpickCheck::shouldTellWhatIsMissing() {
   Company.Execute("DROP TABLE Area");
   const TRun Result = Run({"--check", "--db", QString::fromStdString(Company.FileName())});
   QVERIFY2(Result.Code == Unfit, qPrintable(Result.Errors));
-  QVERIFY(Result.Output.contains(
-      "\nWHAT IS MISSING\n\nTable Area is missing, with the columns Zip.\n    Concerns city\n"));
+  QVERIFY(
+      Result.Output.contains("\nWHAT IS MISSING\n\nTable Area is missing, with the columns Zip.\n    Concerns city\n"));
   QVERIFY(Result.Output.contains("\n  city: DOES NOT WORK, "));
   QVERIFY(Result.Output.endsWith("\n54 of 55 picks will work.\n"));
 }

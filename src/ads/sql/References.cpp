@@ -11,10 +11,9 @@ namespace ads::sql {
 namespace {
 
 // Bare words that are neither a column nor a table's other name, in order.
-constexpr std::string_view ClauseWords[] = {"ALL",   "ASC",   "BY",    "CROSS", "DESC",  "DISTINCT", "FROM",
-                                            "FULL",  "GROUP", "HAVING", "INNER", "JOIN",  "LEFT",     "LIMIT",
-                                            "ON",    "ORDER", "OUTER", "RIGHT", "SELECT", "TOP",      "UNION",
-                                            "WHERE"};
+constexpr std::string_view ClauseWords[] = {"ALL",   "ASC",    "BY",     "CROSS", "DESC",  "DISTINCT", "FROM", "FULL",
+                                            "GROUP", "HAVING", "INNER",  "JOIN",  "LEFT",  "LIMIT",    "ON",   "ORDER",
+                                            "OUTER", "RIGHT",  "SELECT", "TOP",   "UNION", "WHERE"};
 
 constexpr std::size_t None = TStatement::None;
 

@@ -8,8 +8,8 @@
 
 namespace ads::sql {
 
-/// A column as a query names it, and the tables to whose rows it may belong: one, unless the name stands alone in a query
-/// of several.
+/// A column as a query names it, and the tables to whose rows it may belong: one, unless the name stands alone in a
+/// query of several.
 struct TColumnReference {
   std::string Name;
   std::vector<std::string> Tables;
@@ -21,9 +21,9 @@ struct TReferences {
   std::vector<TColumnReference> Columns;
 };
 
-/// Reads them from a text in the language of the dialogs (see `RequireReadingOnly`). The columns of queries that stand in
-/// the place of a table, and names that a SELECT gives to its results, are none; a name that stands alone may be one of
-/// these all the same. Throws what the gate would throw for a text that cannot be taken apart.
+/// Reads them from a text in the language of the dialogs (see `RequireReadingOnly`). The columns of queries that stand
+/// in the place of a table, and names that a SELECT gives to its results, are none; a name that stands alone may be one
+/// of these all the same. Throws what the gate would throw for a text that cannot be taken apart.
 ZULADS_EXPORT TReferences ReferencesOf(std::string_view Sql);
 
 }  // namespace ads::sql
