@@ -1,7 +1,6 @@
 #include "apps/command/CheckCommand.h"
 
 #include <QByteArray>
-#include <cstdio>
 
 #include "apps/command/OpenDatabase.h"
 #include "check/Check.h"
@@ -12,18 +11,14 @@ void NeedNoDisplay() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-bool RunCheck(const TCommandLine& CommandLine) {
+TCheckResult RunCheck(const TCommandLine& CommandLine) {
   if (CommandLine.Args && !CommandLine.Args->Describe().empty()) {
     throw EUsage("--check tries every argument by itself: it takes the name of a pick, but none of its options.");
   }
   TDatabase Database(CommandLine.Database);
   const check::TReport Report = CommandLine.Pick != nullptr ? check::Check(Database.Connection(), {CommandLine.Pick})
                                                             : check::Check(Database.Connection());
-  const std::string Text = "Database: " + Database.ShownAddress() + "\n" + check::TextOf(Report);
-  if (std::fputs(Text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
-    throw std::runtime_error("The report cannot be written.");
-  }
-  return Report.IsFit();
+  return {Report.IsFit(), "Database: " + Database.ShownAddress() + "\n" + check::TextOf(Report)};
 }
 
 }  // namespace command

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "apps/command/CommandLine.h"
 
 namespace command {
@@ -7,8 +9,12 @@ namespace command {
 /// For a check nothing is shown, so it needs no display. Before there is an application.
 void NeedNoDisplay();
 
-/// Checks the database for one pick, or for all, and prints what was found. Whether the database is fit. Throws
-/// `EUsage`, `EOpenError` and what `check::Check` throws.
-bool RunCheck(const TCommandLine& CommandLine);
+struct TCheckResult {
+  bool IsFit = false;
+  std::string Text;  ///< the report, to be printed
+};
+
+/// Checks the database for one pick, or for all. Throws `EUsage`, `EOpenError` and what `check::Check` throws.
+TCheckResult RunCheck(const TCommandLine& CommandLine);
 
 }  // namespace command

@@ -77,6 +77,11 @@ int Run(const command::TCommandLine& CommandLine) {
   return Print(Chosen, CommandLine.Json ? command::JsonText(Result, Rows) : command::KeyLines(Result));
 }
 
+int Check(const command::TCommandLine& CommandLine) {
+  const command::TCheckResult Result = command::RunCheck(CommandLine);
+  return Print(Result.IsFit ? Chosen : Unfit, Result.Text);
+}
+
 // On no display: the fonts are only measured.
 int CheckTexts(const std::string& FileName, char* Program) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -103,8 +108,7 @@ int Open(const command::TCommandLine& CommandLine, char* Program) {
   const QApplication Application(ArgCount, ArgValues);
   QApplication::setWindowIcon(pickbase::PickIcon());
   try {
-    if (CommandLine.Check) return command::RunCheck(CommandLine) ? Chosen : Unfit;
-    return Run(CommandLine);
+    return CommandLine.Check ? Check(CommandLine) : Run(CommandLine);
   } catch (const command::EUsage&) {
     throw;
   } catch (const std::exception& Error) {

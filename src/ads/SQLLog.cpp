@@ -65,6 +65,20 @@ class TLoggedCursor final : public TCursor {
     }
   }
 
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    EndUnread();
+    Start();
+    Tell(OneLine(Sql));
+    try {
+      std::vector<std::string> Columns = Cursor_->Prepare(Sql);
+      EndAs("prepared", {});
+      return Columns;
+    } catch (const std::exception& Error) {
+      EndAs("failed", Error.what());
+      throw;
+    }
+  }
+
   void Begin(const std::string& Sql) override {
     EndUnread();
     Cursor_->MindsChanges = MindsChanges;
