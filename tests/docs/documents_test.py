@@ -28,6 +28,8 @@ EXEMPT = {
     "scripts/package": "the test of the packages does what it does",
     "scripts/mutate": "builds and tests for hours",
 }
+# Documents whose blocks another test does, in the order in which they stand there.
+ELSEWHERE = {"docs/adding-a-pick.md": "tests/docs/adding_a_pick.sh"}
 PROGRAMS = ("zulpick", "zulhost", "zulsample")
 
 
@@ -122,8 +124,10 @@ def preset(run, words):
 
 
 def is_pick(words):
-    known = {"--help", "--list"}
-    return words[0].split("/")[-1] == "zulpick" and len(words) > 1 and not known.intersection(words)
+    known = {"--help", "--list", "--version", "--check", "--check-texts"}
+    while words and re.match(r"^\w+=", words[0]):  # variables of the environment
+        words = words[1:]
+    return bool(words) and words[0].split("/")[-1] == "zulpick" and len(words) > 1 and not known.intersection(words)
 
 
 def pick(run, command):
@@ -199,6 +203,25 @@ def cpp(_run, _block, _document):
     """All of a document's C++ is one program (see `application`)."""
 
 
+def c(run, block, _):
+    """A function in C89: compiled strictly, linked, and called where there is no application, which must be its answer."""
+    folder = run.work / "c"
+    folder.mkdir(exist_ok=True)
+    function = re.search(r"^int (\w+)\(void\)", block.text, re.M).group(1)
+    (folder / "main.c").write_text(
+        f"{block.text}\nint main(void) {{\n  return {function}() == ZUL_ERROR_APPLICATION ? 0 : 1;\n}}\n")
+    library = next(run.prefix.rglob("libZULPickC.so"))
+    run.call(["cc", "-std=c89", "-Wall", "-Wextra", "-Werror", "-pedantic", f"-I{run.prefix}/include/zul", "main.c",
+              "-o", "main", f"-L{library.parent}", "-lZULPickC", f"-Wl,-rpath-link,{library.parent}"], folder)
+    run.call([folder / "main"])
+
+
+def python(run, block, _):
+    """Definitions: imported as they stand. What they do is tried with a window, by e2e_python."""
+    code = f"import sys; sys.dont_write_bytecode = True; sys.path.insert(0, {str(run.source / 'examples' / 'python')!r})\n"
+    run.call([sys.executable, "-c", code + block.text])
+
+
 def cmake_lines(run, block, document):
     if "add_subdirectory" not in block.text:
         return  # `application` builds with them
@@ -236,7 +259,7 @@ def text(_run, _block, _document):
     """Nothing to be run: pictures in letters and the like."""
 
 
-RULES = {"": indented, "bash": sh, "cmake": cmake_lines, "console": console, "cpp": cpp, "qmake": qmake, "sh": sh,
+RULES = {"": indented, "bash": sh, "c": c, "cmake": cmake_lines, "console": console, "cpp": cpp, "python": python, "qmake": qmake, "sh": sh,
          "sql": sql, "text": text}
 
 
@@ -300,7 +323,7 @@ def span(run, block):
             raise Failure(f"there is no {block.text}")
 
 
-FOLDERS = ("ads", "apps", "bench", "catalog", "cmake", "docs", "frame", "fuzz", "module", "pickbase", "picks",
+FOLDERS = ("ads", "apps", "bench", "capi", "catalog", "check", "cmake", "docs", "examples", "frame", "fuzz", "module", "pickbase", "picks",
            "sample", "scripts", "src", "tests", "toolkit", "zulcommon")
 
 
@@ -360,6 +383,9 @@ def try_all(run):
     attempt("the table of layers", layers, run)
     for name in documents(run.source):
         found, spans = blocks.read(run.source / name, name)
+        if name in ELSEWHERE:
+            attempt(name, exists, run.source / ELSEWHERE[name])
+            found = []
         attempt(name, application, run, name, found)
         for block in found:
             rule = RULES.get(block.language)
@@ -371,6 +397,11 @@ def try_all(run):
             attempt(f"{block} `{block.text}`", span, run, block)
     print(f"{tried} blocks, programs and commands were tried, {failures} failed.")
     return failures
+
+
+def exists(path):
+    if not path.exists():
+        raise Failure(f"there is no {path}")
 
 
 def unknown(block):
