@@ -46,15 +46,14 @@ class ZULADS_EXPORT TAdsConnection {
 
   const QSqlDatabase& Database() const { return Database_; }
 
-  /// How this connection's server speaks; chosen by the driver and, over ODBC, by what the driver says that it talks to (a connection that
-  /// is not open cannot be asked).
+  /// How this connection's server speaks; chosen by the driver and, over ODBC, by what the driver says that it talks to
+  /// (a connection that is not open cannot be asked).
   const sql::TDialect& Dialect() const;
 
   /// Takes one SELECT of the dialogs' SQL for this server; with a page of `PageRows` rows unless that is 0. Throws
   /// `EDatabaseError` for anything but a single reading statement (see `sql::RequireReadingOnly`, which gets
   /// `AllowedFunctions`), and `EConnectionLost` when the connection is not open.
-  TListStatements Statements(const std::string& Sql, std::span<const std::string> AllowedFunctions,
-                             int PageRows) const;
+  TListStatements Statements(const std::string& Sql, std::span<const std::string> AllowedFunctions, int PageRows) const;
 
   /// A cursor for statements that `Statements` gave.
   std::unique_ptr<TCursor> NewCursor() const;

@@ -74,9 +74,13 @@ TAdsConnection& TDataSet::RequireConnection() const {
   return *Connection_;
 }
 
-int TDataSet::MaxRows() const { return std::numeric_limits<int>::max(); }
+int TDataSet::MaxRows() const {
+  return std::numeric_limits<int>::max();
+}
 
-bool TDataSet::Open() { return Load(Statements(FirstRowsFirst_ ? PageRows + 1 : 0)); }
+bool TDataSet::Open() {
+  return Load(Statements(FirstRowsFirst_ ? PageRows + 1 : 0));
+}
 
 std::unique_ptr<TListReading> TDataSet::NewReading(TListStatements Statements) const {
   std::vector<TListReading::TColumn> Columns;
@@ -298,7 +302,9 @@ void TDataSet::Close() {
   Q_EMIT Closed();
 }
 
-int TDataSet::KnownRows() const { return Store_ ? Store_->RowCount() : 0; }
+int TDataSet::KnownRows() const {
+  return Store_ ? Store_->RowCount() : 0;
+}
 
 // That the rows are read late is none of the caller's business.
 int TDataSet::RecordCount() const {
@@ -306,9 +312,13 @@ int TDataSet::RecordCount() const {
   return KnownRows();
 }
 
-std::size_t TDataSet::SnapshotBytes() const { return Store_ ? Store_->ByteCount() : 0; }
+std::size_t TDataSet::SnapshotBytes() const {
+  return Store_ ? Store_->ByteCount() : 0;
+}
 
-int TDataSet::RecNo() const { return HasRow() ? ReadRow() + 1 : 0; }
+int TDataSet::RecNo() const {
+  return HasRow() ? ReadRow() + 1 : 0;
+}
 
 void TDataSet::GoTo(int Row) {
   Row_ = Row;

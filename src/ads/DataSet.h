@@ -23,8 +23,9 @@ struct TListStatements;
 
 /// Rows of a database, read once and kept, with a cursor that stands on one of them.
 ///
-/// An open dataset is a snapshot: no statement, lock or transaction is left open in the database for it once its rows are in, however long it
-/// stays open. What other connections write is seen when it is opened again. Only columns that have a field are kept.
+/// An open dataset is a snapshot: no statement, lock or transaction is left open in the database for it once its rows
+/// are in, however long it stays open. What other connections write is seen when it is opened again. Only columns that
+/// have a field are kept.
 ///
 /// A long list may show its first rows early (`SetFirstRowsFirst`) and read the rest in the event loop. To code it is
 /// the whole list all the same: whoever asks for rows that are not there yet, or for their number, waits for all.
@@ -40,22 +41,22 @@ class ZULADS_EXPORT TDataSet : public QObject {
   void SetConnection(TAdsConnection* Connection) { Connection_ = Connection; }
   TAdsConnection* Connection() const { return Connection_; }
 
-  /// Declares a field; its object name is the dataset's followed by the field's. Only while the dataset is closed. Names are compared
-  /// without regard to case; a name that is declared already throws `EDatabaseError`.
+  /// Declares a field; its object name is the dataset's followed by the field's. Only while the dataset is closed.
+  /// Names are compared without regard to case; a name that is declared already throws `EDatabaseError`.
   TField* AddField(const std::string& Name, TFieldType Type, int Size = 0, TFieldKind Kind = TFieldKind::fkData);
   const std::vector<TField*>& Fields() const { return Fields_; }
   /// Throws `EDatabaseError` for a name without a field.
   TField* FieldByName(const std::string& Name) const;
 
-  /// Reads the rows; the first becomes the current one. On an open dataset it reads anew, and the old rows stay until the new ones are there: when reading
-  /// fails, `EDatabaseError` is thrown and the dataset stays just as it was, open or closed. So it does when the reading
-  /// was stopped (`Stop`): false then.
+  /// Reads the rows; the first becomes the current one. On an open dataset it reads anew, and the old rows stay until
+  /// the new ones are there: when reading fails, `EDatabaseError` is thrown and the dataset stays just as it was, open
+  /// or closed. So it does when the reading was stopped (`Stop`): false then.
   bool Open();
   void Close();
 
-  /// Whether `Open` is done as soon as the first rows of a long list are known. They are the first of the whole list, in
-  /// its order. The rest is read while the event loop runs, by portions of some milliseconds, and told by `Grown`; the
-  /// reading statement stays open for so long. Not to be changed while the dataset is open.
+  /// Whether `Open` is done as soon as the first rows of a long list are known. They are the first of the whole list,
+  /// in its order. The rest is read while the event loop runs, by portions of some milliseconds, and told by `Grown`;
+  /// the reading statement stays open for so long. Not to be changed while the dataset is open.
   void SetFirstRowsFirst(bool Early) { FirstRowsFirst_ = Early; }
 
   /// Whether its rows are read even while a `TTrial` of its connection lives.
@@ -65,8 +66,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   bool IsComplete() const { return Reading_ == nullptr; }
   /// The number of rows that are there already; waits for none.
   int KnownRows() const;
-  /// Waits for the rest of the rows. False, some rows then being still to come, when it was stopped, and when a waiting for
-  /// rows of this dataset is under way already, in whose `OnProgress` this is called. Throws `EDatabaseError`.
+  /// Waits for the rest of the rows. False, some rows then being still to come, when it was stopped, and when a waiting
+  /// for rows of this dataset is under way already, in whose `OnProgress` this is called. Throws `EDatabaseError`.
   bool ReadToEnd();
   /// Ends the waiting in whose `OnProgress` this is called: the `Open` or `ReadToEnd` gives back soon.
   void Stop() { IsStopped_ = true; }
@@ -74,14 +75,14 @@ class ZULADS_EXPORT TDataSet : public QObject {
   bool IsWaiting() const { return IsWaiting_; }
   /// What is there is the whole list from now on.
   void GiveUpRest();
-  /// Lets go of the connection and the state of the data in the midst of the rest, which is read anew, and checked to be
-  /// the rest of what is there, when it is wanted, or with `Rest` in the event loop.
+  /// Lets go of the connection and the state of the data in the midst of the rest, which is read anew, and checked to
+  /// be the rest of what is there, when it is wanted, or with `Rest` in the event loop.
   enum class TRest { WhenWanted, InEventLoop };
   void LetGo(TRest Rest);
   bool Active() const { return Store_ != nullptr; }
 
-  /// Both are true for a dataset without rows. `Bof` is true after opening, `First` and a `Prior` on the first row; `Eof` after a `Next` on the last row (which
-  /// stays the current one).
+  /// Both are true for a dataset without rows. `Bof` is true after opening, `First` and a `Prior` on the first row;
+  /// `Eof` after a `Next` on the last row (which stays the current one).
   bool Bof() const { return Bof_; }
   bool Eof() const { return Eof_; }
   bool IsEmpty() const { return KnownRows() == 0; }
@@ -96,7 +97,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   int RecNo() const;
   void SetRecNo(int RecNo);
 
-  /// Goes to the first row whose field has the value; false, staying where it is, when there is none. Nulls equal nothing.
+  /// Goes to the first row whose field has the value; false, staying where it is, when there is none. Nulls equal
+  /// nothing.
   bool Locate(const std::string& FieldName, bool Value);
   bool Locate(const std::string& FieldName, std::int32_t Value);
   bool Locate(const std::string& FieldName, const std::string& Value);
@@ -105,7 +107,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   TBookmark GetBookmark() const { return Row_; }
   void GotoBookmark(TBookmark Bookmark) { SetRecNo(Bookmark + 1); }
 
-  /// Between the two, moving the cursor is not shown. Calls nest; the last `EnableControls` shows where the cursor stands then.
+  /// Between the two, moving the cursor is not shown. Calls nest; the last `EnableControls` shows where the cursor
+  /// stands then.
   void DisableControls() { ++ControlsDisabled_; }
   void EnableControls();
 
@@ -118,7 +121,8 @@ class ZULADS_EXPORT TDataSet : public QObject {
   std::function<void(TDataSet& Sender)> AfterOpen;
   std::function<void(TDataSet& Sender)> AfterClose;
 
-  /// Sets the calculated fields of the row that the dataset's fields read. Called when a calculated field is wanted, once a row that is read.
+  /// Sets the calculated fields of the row that the dataset's fields read. Called when a calculated field is wanted,
+  /// once a row that is read.
   std::function<void(TDataSet& Sender)> OnCalcFields;
 
   /// Called some twenty times a second or more while rows are waited for. May run the event loop, but must not open or
@@ -195,16 +199,17 @@ class ZULADS_EXPORT TDataSet : public QObject {
   std::chrono::steady_clock::time_point ToldAt_;
   bool IsWaiting_ = false;
   bool IsStopped_ = false;
-  int Row_ = -1;           // from 0; -1 without rows
-  int ScopeRow_ = -1;      // the row that a TRowScope reads
-  int CalculatedRow_ = -1; // the row whose calculated fields are up to date
+  int Row_ = -1;            // from 0; -1 without rows
+  int ScopeRow_ = -1;       // the row that a TRowScope reads
+  int CalculatedRow_ = -1;  // the row whose calculated fields are up to date
   int ControlsDisabled_ = 0;
   bool Bof_ = true;
   bool Eof_ = true;
   bool Calculating_ = false;
 };
 
-/// Lets the fields of an open dataset read another row while this object lives, for painting: the cursor does not move and nothing is told of it.
+/// Lets the fields of an open dataset read another row while this object lives, for painting: the cursor does not move
+/// and nothing is told of it.
 class ZULADS_EXPORT TRowScope {
  public:
   /// `Row` counts from 0 and must be one of the dataset's.

@@ -169,7 +169,9 @@ std::int32_t TField::AsInteger() const {
   return static_cast<std::int32_t>(Value);
 }
 
-double TField::AsFloat() const { return Number().value_or(0); }
+double TField::AsFloat() const {
+  return Number().value_or(0);
+}
 
 bool TField::AsBoolean() const {
   if (DataType_ == TFieldType::ftString) return AsString() == "True";
@@ -227,12 +229,24 @@ void TField::SetValue(TValue Value) {
   Calculated_ = std::move(Value);
 }
 
-void TField::SetNull() { SetValue({}); }
-void TField::SetString(const std::string& Value) { SetValue(Value); }
-void TField::SetInteger(std::int32_t Value) { SetValue(Value); }
-void TField::SetFloat(double Value) { SetValue(Value); }
-void TField::SetBoolean(bool Value) { SetValue(std::int32_t{Value}); }
-void TField::SetCurrency(zulcommon::TCurrency Value) { SetValue(Value); }
+void TField::SetNull() {
+  SetValue({});
+}
+void TField::SetString(const std::string& Value) {
+  SetValue(Value);
+}
+void TField::SetInteger(std::int32_t Value) {
+  SetValue(Value);
+}
+void TField::SetFloat(double Value) {
+  SetValue(Value);
+}
+void TField::SetBoolean(bool Value) {
+  SetValue(std::int32_t{Value});
+}
+void TField::SetCurrency(zulcommon::TCurrency Value) {
+  SetValue(Value);
+}
 
 void TField::SetSum(const TField& A, const TField& B) {
   const auto MoneyA = A.FittingCurrency();

@@ -27,8 +27,9 @@ enum class TAlignment : std::uint8_t { taLeftJustify, taRightJustify, taCenter }
 
 /// One column of a dataset, as a dialog declares it.
 ///
-/// Owned by its dataset. Its values are those of the row on which the dataset stands (or that a `TRowScope` reads). A null reads as an empty
-/// text, zero, false or an invalid date; so does every field while the dataset is closed or empty.
+/// Owned by its dataset. Its values are those of the row on which the dataset stands (or that a `TRowScope` reads). A
+/// null reads as an empty text, zero, false or an invalid date; so does every field while the dataset is closed or
+/// empty.
 class ZULADS_EXPORT TField : public QObject {
   Q_OBJECT
  public:
@@ -72,8 +73,8 @@ class ZULADS_EXPORT TField : public QObject {
   /// Gives the text to show instead of the value's own.
   std::function<void(const TField& Sender, std::string& Text)> OnGetText;
 
-  /// Sets the value of a calculated field of the row that is being calculated. Anywhere else than inside `OnCalcFields`, and for
-  /// a field that is not calculated, throws `EDatabaseError`.
+  /// Sets the value of a calculated field of the row that is being calculated. Anywhere else than inside
+  /// `OnCalcFields`, and for a field that is not calculated, throws `EDatabaseError`.
   void SetNull();
   void SetString(const std::string& Value);
   void SetInteger(std::int32_t Value);
@@ -85,8 +86,9 @@ class ZULADS_EXPORT TField : public QObject {
   void SetSum(const TField& A, const TField& B);
   void SetDifference(const TField& A, const TField& B);
 
-  /// Makes a lookup field: its value is that of `ResultField` in the row of `Table` whose key equals this dataset's `KeyField`; null
-  /// where there is no such row. The table is opened when the first value is wanted. A value is looked up once and remembered until the dataset is closed.
+  /// Makes a lookup field: its value is that of `ResultField` in the row of `Table` whose key equals this dataset's
+  /// `KeyField`; null where there is no such row. The table is opened when the first value is wanted. A value is looked
+  /// up once and remembered until the dataset is closed.
   void SetLookup(TField* KeyField, TAdsTable* Table, TField* ResultField);
 
  Q_SIGNALS:

@@ -34,9 +34,9 @@ class TListReading {
     TFieldType Type;
   };
 
-  /// The connection is borrowed. A page that is asked for has `PageRows` rows and the one more that tells that there are
-  /// more. A list that is shown early, before it is complete, is read again when the host disturbs that, and makes way
-  /// for other queries on the connection; else a disturbance is an exception.
+  /// The connection is borrowed. A page that is asked for has `PageRows` rows and the one more that tells that there
+  /// are more. A list that is shown early, before it is complete, is read again when the host disturbs that, and makes
+  /// way for other queries on the connection; else a disturbance is an exception.
   TListReading(const TAdsConnection& Connection, TListStatements Statements, std::vector<TColumn> Columns, int PageRows,
                int MostRows, bool IsShownEarly);
   ~TListReading();
@@ -85,14 +85,14 @@ class TListReading {
   TManner Manner_ = TManner::Shared;
   TPhase Phase_;
   std::unique_ptr<TCursor> Cursor_;
-  bool HasBegun_ = false;            // the statement of this phase
-  std::vector<int> Sources_;         // the cursor's column of each kept one; empty until it is known
-  std::vector<int> SortSources_;     // and of each that the list is sorted by
+  bool HasBegun_ = false;         // the statement of this phase
+  std::vector<int> Sources_;      // the cursor's column of each kept one; empty until it is known
+  std::vector<int> SortSources_;  // and of each that the list is sorted by
   std::shared_ptr<TStore> Rows_;
-  std::string LastKey_;              // of the page's last row
+  std::string LastKey_;  // of the page's last row
   int RowsOfLastKey_ = 0;
-  std::shared_ptr<TStore> Fresh_;    // rows of the whole that stand for those that are there, or replace them
-  int Known_ = 0;                    // so many are there
+  std::shared_ptr<TStore> Fresh_;  // rows of the whole that stand for those that are there, or replace them
+  int Known_ = 0;                  // so many are there
   std::uint64_t KnownSum_ = 0;
   std::uint64_t FreshSum_ = 0;
   bool IsReplacing_ = false;

@@ -158,13 +158,13 @@ class TPostgreSQLCursor final : public TCursor {
 
  private:
   enum class TPhase {
-    Idle,      // nothing is open
-    Opening,   // the transaction or savepoint is being begun
-    Ending,    // what is left of a query is being waited for
-    Setting,   // the texts are being set up for a query that cannot be read otherwise
-    Asking,    // the query is to be sent
-    Reading,   // its rows come
-    Closing,   // the transaction or savepoint is being ended
+    Idle,     // nothing is open
+    Opening,  // the transaction or savepoint is being begun
+    Ending,   // what is left of a query is being waited for
+    Setting,  // the texts are being set up for a query that cannot be read otherwise
+    Asking,   // the query is to be sent
+    Reading,  // its rows come
+    Closing,  // the transaction or savepoint is being ended
   };
 
   TPostgreSQLShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
@@ -439,7 +439,7 @@ class TPostgreSQLCursor final : public TCursor {
   bool IsDisturbed_ = false;  // by something of the host's
   bool OnRow_ = false;
   std::shared_future<void> Cancel_;  // done when the server has heard it
-  TPostgreSQLResult Result_;  // the current row
+  TPostgreSQLResult Result_;         // the current row
   std::vector<std::string> Names_;
   std::vector<TPostgreSQLShape> Shapes_;
   std::vector<std::string_view> Values_;  // of the current row; without an address for a null

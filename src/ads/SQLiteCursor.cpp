@@ -95,8 +95,8 @@ bool IsSameCopy(sqlite3* Handle) {
 
 /// A statement that is read on a stack of its own, because SQLite sorts a whole list within one call. The call is left
 /// in its midst, and gone on with later, from inside a function of ours that it calls for a row: there SQLite allows
-/// the connection to be used for something else. Only where it calls none for long is it left from its progress handler,
-/// where SQLite forbids that.
+/// the connection to be used for something else. Only where it calls none for long is it left from its progress
+/// handler, where SQLite forbids that.
 class TSQLiteCursor final : public TCursor {
  public:
   explicit TSQLiteCursor(const QSqlDatabase& Database) : Database_(Database), Handle_(SQLiteHandle(Database)) {}
@@ -201,7 +201,8 @@ class TSQLiteCursor final : public TCursor {
   sqlite3_stmt* Compiled(const std::string& Sql) {
     sqlite3_stmt* Result = nullptr;
     const char* Tail = nullptr;
-    if (sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Result, &Tail) != SQLITE_OK) Fail(Handle_);
+    if (sqlite3_prepare_v2(Handle_, Sql.data(), static_cast<int>(Sql.size()), &Result, &Tail) != SQLITE_OK)
+      Fail(Handle_);
     const char* Wrong = nullptr;
     if (Result == nullptr || Tail != Sql.data() + Sql.size()) {
       Wrong = "The query is not one single statement.";
@@ -256,7 +257,8 @@ class TSQLiteCursor final : public TCursor {
     if (Running() != &Cursor) return 0;
     // A function of ours is a better place, if one is called.
     constexpr std::chrono::milliseconds Patience(20);
-    if (!Cursor.IsStopping_ && Cursor.Until_ != Forever && std::chrono::steady_clock::now() >= Cursor.Until_ + Patience) {
+    if (!Cursor.IsStopping_ && Cursor.Until_ != Forever &&
+        std::chrono::steady_clock::now() >= Cursor.Until_ + Patience) {
       Cursor.InProgressHandler_ = true;
       Cursor.Fiber_->Yield();
       Cursor.InProgressHandler_ = false;
@@ -303,7 +305,8 @@ bool TakeTurn(sqlite3_context* Context) {
   return false;
 }
 
-// zul_upper(text): the upper-casing of the dialogs. The buffer is reused: a sort over a million rows calls this once a row.
+// zul_upper(text): the upper-casing of the dialogs. The buffer is reused: a sort over a million rows calls this once a
+// row.
 void Upper(sqlite3_context* Context, int, sqlite3_value** Args) {
   if (!TakeTurn(Context) || sqlite3_value_type(Args[0]) == SQLITE_NULL) return;
   static thread_local std::string Buffer;

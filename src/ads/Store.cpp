@@ -194,7 +194,8 @@ bool TStore::IsNull(int Row, int Column) const {
   return (Byte >> (Column % 8) & 1U) != 0;
 }
 
-// Where the value of a column starts: behind those of the columns before it. Behind the last column: where the row ends.
+// Where the value of a column starts: behind those of the columns before it. Behind the last column: where the row
+// ends.
 const char* TStore::Find(const char* Nulls, int Column) const {
   const char* At = Nulls + NullBytes_;
   for (int Before = 0; Before < Column; ++Before) {
@@ -229,9 +230,13 @@ std::int32_t TStore::Integer(int Row, int Column) const {
   return Columns_[static_cast<std::size_t>(Column)] == TFieldType::ftBoolean ? *At : ReadBytes<std::int32_t>(At);
 }
 
-double TStore::Real(int Row, int Column) const { return ReadBytes<double>(Find(RowStart(Row), Column)); }
+double TStore::Real(int Row, int Column) const {
+  return ReadBytes<double>(Find(RowStart(Row), Column));
+}
 
-std::size_t TStore::ByteCount() const { return PageBytes_ + Pages_.capacity() * sizeof(Pages_[0]) + Bytes_.capacity() +
-         Offsets_.capacity() * sizeof(Offsets_[0]); }
+std::size_t TStore::ByteCount() const {
+  return PageBytes_ + Pages_.capacity() * sizeof(Pages_[0]) + Bytes_.capacity() +
+         Offsets_.capacity() * sizeof(Offsets_[0]);
+}
 
 }  // namespace ads

@@ -15,9 +15,9 @@ class TCursor;
 /// The rows of an open dataset, packed: a snapshot that is filled from its beginning to its end and read in any order,
 /// also while it is being filled.
 ///
-/// A row is a bitmap of its nulls and the bytes of its values, behind one another; 256 rows share one page, allocated to the byte. So a
-/// list costs little more than its bytes (five or six bytes a row and one a text), whatever its length, and a row that is
-/// painted lies in one place.
+/// A row is a bitmap of its nulls and the bytes of its values, behind one another; 256 rows share one page, allocated
+/// to the byte. So a list costs little more than its bytes (five or six bytes a row and one a text), whatever its
+/// length, and a row that is painted lies in one place.
 class TStore {
  public:
   explicit TStore(std::vector<TFieldType> Columns);
@@ -25,8 +25,8 @@ class TStore {
   int ColumnCount() const { return static_cast<int>(Columns_.size()); }
   int RowCount() const { return RowCount_; }
 
-  /// Appends the cursor's current row: column n of the store is column `Sources[n]` of the cursor. A value that cannot be read as
-  /// its column's type becomes null.
+  /// Appends the cursor's current row: column n of the store is column `Sources[n]` of the cursor. A value that cannot
+  /// be read as its column's type becomes null.
   void AppendRow(TCursor& Cursor, const std::vector<int>& Sources);
 
   /// The bytes of a row; equal for rows of equal values.
@@ -39,9 +39,9 @@ class TStore {
   void Truncate(int RowCount);
 
   bool IsNull(int Row, int Column) const;
-  std::string_view Text(int Row, int Column) const;     ///< of a text column
-  std::int32_t Integer(int Row, int Column) const;      ///< of a whole number, a Boolean (0 or 1), a date (its Julian day)
-  double Real(int Row, int Column) const;               ///< of a floating column
+  std::string_view Text(int Row, int Column) const;  ///< of a text column
+  std::int32_t Integer(int Row, int Column) const;   ///< of a whole number, a Boolean (0 or 1), a date (its Julian day)
+  double Real(int Row, int Column) const;            ///< of a floating column
 
   /// The bytes that the snapshot takes in memory.
   std::size_t ByteCount() const;

@@ -40,10 +40,16 @@ TListStatements TAdsTable::First(const std::string& Select) const {
   return Connection.Statements(Connection.Dialect().FirstRowOnly(Select), {}, 0);
 }
 
-TListStatements TAdsTable::Statements(int) const { return First(SelectText()); }
+TListStatements TAdsTable::Statements(int) const {
+  return First(SelectText());
+}
 
-bool TAdsTable::FindKey(const std::string& Key) { return FindLiteral(TextLiteral(Key)); }
-bool TAdsTable::FindKey(std::int32_t Key) { return FindLiteral(std::to_string(Key)); }
+bool TAdsTable::FindKey(const std::string& Key) {
+  return FindLiteral(TextLiteral(Key));
+}
+bool TAdsTable::FindKey(std::int32_t Key) {
+  return FindLiteral(std::to_string(Key));
+}
 
 bool TAdsTable::FindLiteral(const std::string& Literal) {
   if (!Active()) throw EDatabaseError("Table " + TableName_ + " is not open.");

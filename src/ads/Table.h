@@ -7,7 +7,8 @@
 
 namespace ads {
 
-/// A dataset over one table, of which it holds one row at a time: the first after `Open`, the found one after `FindKey`.
+/// A dataset over one table, of which it holds one row at a time: the first after `Open`, the found one after
+/// `FindKey`.
 class ZULADS_EXPORT TAdsTable : public TDataSet {
   Q_OBJECT
  public:
@@ -17,13 +18,13 @@ class ZULADS_EXPORT TAdsTable : public TDataSet {
   void SetTableName(const std::string& Name) { TableName_ = Name; }
   const std::string& TableName() const { return TableName_; }
 
-  /// The index through which rows are found, by its name and its key column, such as "PK_ID" on "ID". SQL servers choose the index by the
-  /// column; the name says which one is meant.
+  /// The index through which rows are found, by its name and its key column, such as "PK_ID" on "ID". SQL servers
+  /// choose the index by the column; the name says which one is meant.
   void SetIndex(const std::string& Name, const std::string& KeyColumn);
   const std::string& IndexName() const { return IndexName_; }
 
-  /// Goes to the row with a key, a keyed lookup in the server; false, the table then being without a row, when there is none. Throws
-  /// `EDatabaseError` while the table is closed or has no index.
+  /// Goes to the row with a key, a keyed lookup in the server; false, the table then being without a row, when there is
+  /// none. Throws `EDatabaseError` while the table is closed or has no index.
   bool FindKey(const std::string& Key);
   bool FindKey(std::int32_t Key);
 

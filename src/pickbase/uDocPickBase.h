@@ -283,14 +283,14 @@ class ZULPICKLISTS_EXPORT TDocPickBase : public toolkit::TForm {
   std::string ListHint_;
   bool Querying_ = false;
   bool QueryAgain_ = false;
-  QString Searched_;           // the text of the last search, as it was typed
-  bool SearchFailed_ = false;  // the list is the whole one because the search could not be done
-  bool HasSearched_ = false;   // the list is what was found
+  QString Searched_;                     // the text of the last search, as it was typed
+  bool SearchFailed_ = false;            // the list is the whole one because the search could not be done
+  bool HasSearched_ = false;             // the list is what was found
   pickbase::TPickCall* Call_ = nullptr;  // that has asked for the dialog, and may have ended since
   bool IsBuilt_ = false;
-  bool IsStopped_ = false;     // the query that runs, or ran last
-  bool IsGivenUp_ = false;     // the pick, before its dialog was built
-  bool IsClosing_ = false;     // by the window's close button
+  bool IsStopped_ = false;  // the query that runs, or ran last
+  bool IsGivenUp_ = false;  // the pick, before its dialog was built
+  bool IsClosing_ = false;  // by the window's close button
 };
 
 }  // namespace uDocPickBase

@@ -103,8 +103,8 @@ class ZULTOOLKIT_EXPORT TDBGridColumns {
 ///
 /// The rows are read as they are painted, so a million of them cost no more than the visible ones. While rows of the
 /// dataset are still to come, the grid shows those that are there; the End key and dragging to the end wait for the
-/// last. The current row is the dataset's, both ways. The vertical scroll bar always has its place, so that the columns stay fully visible
-/// however many rows there are.
+/// last. The current row is the dataset's, both ways. The vertical scroll bar always has its place, so that the columns
+/// stay fully visible however many rows there are.
 ///
 /// The arrow keys, Page Up and Page Down move by rows and pages, Home and End to the first and the last row; Left and
 /// Right scroll columns that do not fit. Ctrl+C copies the values of the row as they are shown, separated by tabs. What

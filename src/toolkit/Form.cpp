@@ -46,8 +46,8 @@ TForm::~TForm() = default;
 QFont TForm::FormFont() {
   // The twins have Arial's widths; what there is without any of them at least looks alike. The font database keeps the
   // names, so they are no literals, which would go with the library when it is unloaded.
-  QFont Font(QStringList{QString::fromLatin1("Arial"), QString::fromLatin1("Liberation Sans"),
-                         QString::fromLatin1("Arimo")});
+  QFont Font(
+      QStringList{QString::fromLatin1("Arial"), QString::fromLatin1("Liberation Sans"), QString::fromLatin1("Arimo")});
   Font.setStyleHint(QFont::SansSerif);
   Font.setPixelSize(11);
   return Font;

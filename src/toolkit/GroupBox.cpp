@@ -13,7 +13,7 @@ namespace {
 
 constexpr int TitleLeft = 8;
 constexpr int TitleRight = 4;  // at least, of a long title
-constexpr int TitleGap = 2;  // between the title and the frame's line
+constexpr int TitleGap = 2;    // between the title and the frame's line
 constexpr qreal CornerRadius = 2;
 
 }  // namespace

@@ -320,10 +320,12 @@ class tst_PickARInvoice : public QObject {
     TInvoices Company(true);
     std::string InvNo = "before";
     std::string DocType = "before";
-    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallARInvoicePick(Company.Connection(), {}, "O'N", "", InvNo, DocType));
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                             CallARInvoicePick(Company.Connection(), {}, "O'N", "", InvNo, DocType));
     QCOMPARE(InvNo, "");
     QCOMPARE(DocType, "");
-    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallARInvoicePick(Company.Connection(), {}, "C1", "M'N", InvNo, DocType));
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                             CallARInvoicePick(Company.Connection(), {}, "C1", "M'N", InvNo, DocType));
   }
 
   void shouldShowTheWholeListWhenTheSearchFails() {

@@ -318,7 +318,8 @@ void tst_PickCustomer::shouldFailForAnEntityWithAQuote() {
   TSmallCompany Company;
   for (const char* Entity : {"O'H", "'", "x'; DELETE FROM Cust; --"}) {
     std::string CustID = "old";
-    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallCustomerPick(Company.Connection(), CustID, true, Entity, true, false));
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                             CallCustomerPick(Company.Connection(), CustID, true, Entity, true, false));
     QCOMPARE(CustID, std::string("old"));
   }
   QCOMPARE(Company.Text(QStringLiteral("SELECT COUNT(*) FROM Cust")), std::string("7"));

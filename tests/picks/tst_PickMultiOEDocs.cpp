@@ -264,7 +264,8 @@ class tst_PickMultiOEDocs : public QObject {
   void shouldReportAQuoteInTheCustomerCode() {
     TSmallCompany Company;
     TStringList List;
-    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickMultiOEDocs(Company.Connection(), "O'N", TDocType::dtOrder, {}, {}, &List));
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                             CallPickMultiOEDocs(Company.Connection(), "O'N", TDocType::dtOrder, {}, {}, &List));
     QCOMPARE(List.Count(), 0);
   }
 };

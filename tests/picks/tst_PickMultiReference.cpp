@@ -423,11 +423,10 @@ void tst_PickMultiReference::shouldReplaceWhatTheListHeld() {
 void tst_PickMultiReference::shouldFailForUsersWithoutAList() {
   TSmallCompany Company;
   const auto Call = [&] { return CallMultiUsersPick(nullptr, Company.Connection()); };
-  QVERIFY_THROWS_EXCEPTION(std::invalid_argument, DriveMulti(Call,
-                                      [](TDocPickMultiBase& Dialog) {
-                                        PressSpaceOn(Dialog, 0);
-                                        ClickOK(Dialog);
-                                      }));
+  QVERIFY_THROWS_EXCEPTION(std::invalid_argument, DriveMulti(Call, [](TDocPickMultiBase& Dialog) {
+                             PressSpaceOn(Dialog, 0);
+                             ClickOK(Dialog);
+                           }));
   QVERIFY(QApplication::activeModalWidget() == nullptr);
   // Cancelled, it needs none.
   QVERIFY(!DriveMulti(Call, [](TDocPickMultiBase& Dialog) { ClickCancel(Dialog); }));

@@ -263,7 +263,8 @@ class tst_PickOEDoc : public QObject {
     QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Create(Company, "O'N"));
     std::string DocNo = "before";
     TDocType DocType = TDocType::dtService;
-    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEDoc(Company.Connection(), "O'N", Orders, {}, {}, DocNo, DocType));
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                             CallPickOEDoc(Company.Connection(), "O'N", Orders, {}, {}, DocNo, DocType));
     QCOMPARE(DocNo, "");
     QCOMPARE(DocType, TDocType::dtService);
   }

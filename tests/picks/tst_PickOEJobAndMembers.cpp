@@ -295,9 +295,11 @@ class tst_PickOEJobAndMembers : public QObject {
   void shouldFailWithoutACustomerWhileItIsCreated() {
     TGroups Company;
     for (const char* Customer : {"", "  "}) {
-      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, TfrmPickOEMemberOfGroup::Create(Company.Connection(), Customer, "900"));
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                               TfrmPickOEMemberOfGroup::Create(Company.Connection(), Customer, "900"));
       std::string DocNo = "before";
-      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, CallPickOEMemberOfGroup(Company.Connection(), Customer, "900", DocNo));
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError,
+                               CallPickOEMemberOfGroup(Company.Connection(), Customer, "900", DocNo));
       QCOMPARE(DocNo, "");
     }
   }

@@ -68,9 +68,8 @@ void TypeFind(TDocPickBase& Dialog, const QString& Text) {
     return;
   }
   // Qt Test can type printable ASCII only, and that slowly.
-  const bool Typable = std::all_of(Text.begin(), Text.end(), [](QChar Letter) {
-    return Letter.unicode() >= 0x20 && Letter.unicode() < 0x7F;
-  });
+  const bool Typable = std::all_of(Text.begin(), Text.end(),
+                                   [](QChar Letter) { return Letter.unicode() >= 0x20 && Letter.unicode() < 0x7F; });
   if (Text.size() < 100 && Typable) {
     QTest::keyClicks(Dialog.edFind, Text);
   } else {

@@ -79,8 +79,7 @@ void tst_TextCheck::shouldTellWhatIsWrongInALine_data() {
   QTest::newRow("other format mark") << QByteArray("65521\t%d") << "\"%d\" has \"%d\" where English has \"%s\".";
   QTest::newRow("too many of them") << QByteArray("lblRows.Rows\t%s of %s")
                                     << "\"%s of %s\" has \"%s %s\" where English has \"%s\".";
-  QTest::newRow("no letter") << QByteArray("2000\tOK")
-                             << "\"OK\" must have one letter marked by \"&\", as \"&OK\".";
+  QTest::newRow("no letter") << QByteArray("2000\tOK") << "\"OK\" must have one letter marked by \"&\", as \"&OK\".";
   QTest::newRow("two letters") << QByteArray("2000\t&O&K")
                                << "\"&O&K\" must have one letter marked by \"&\", as \"&OK\".";
   QTest::newRow("a letter too many") << QByteArray("27\t&Guest")

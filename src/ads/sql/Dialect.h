@@ -32,8 +32,8 @@ class ZULADS_EXPORT TDialect {
   /// Throws `EDatabaseError` for a text that the server might read in another way than `Tokenize` does, with the place.
   virtual void RequireUnambiguous(std::string_view Sql) const;
 
-  /// A plain `SELECT … FROM …` of one table, with or without a condition, made to give no more than one row, so that the
-  /// server need not send the others; still in the dialogs' SQL.
+  /// A plain `SELECT … FROM …` of one table, with or without a condition, made to give no more than one row, so that
+  /// the server need not send the others; still in the dialogs' SQL.
   virtual std::string FirstRowOnly(std::string_view Select) const;
 
   /// A rewritten text that ends with its order, made to give no more than the first `Count` rows; empty where the
@@ -62,8 +62,8 @@ class ZULADS_EXPORT TSQLiteDialect : public TDialect {
 };
 
 /// SQLite 3.40 or later that is reached through a driver and has none but its own functions. `UPPER` becomes a
-/// subquery that knows every letter, so its argument must not be an aggregate such as `MAX`; LIKE becomes INSTR or GLOB.
-/// The rest is as with `TSQLiteDialect`.
+/// subquery that knows every letter, so its argument must not be an aggregate such as `MAX`; LIKE becomes INSTR or
+/// GLOB. The rest is as with `TSQLiteDialect`.
 class ZULADS_EXPORT TPlainSQLiteDialect : public TDialect {
  public:
   const char* Name() const override;

@@ -1,4 +1,5 @@
-/* Knows the picks by the C interface: they are listed, and a pick without an application is an error with its message. */
+/* Knows the picks by the C interface: they are listed, and a pick without an application is an error with its message.
+ */
 #include <stdio.h>
 #include <string.h>
 
