@@ -28,12 +28,15 @@ endfunction()
 zul_pkgconfig(zulpicklists "${PROJECT_DESCRIPTION}"
   LIBRARIES ZULPickLists ZULToolkit ZULAds ZULCommon REQUIRES "Qt6Widgets >= 6.4" "Qt6Sql >= 6.4")
 zul_pkgconfig(zulcatalog "What can be picked, as data" LIBRARIES ZULCatalog REQUIRES "zulpicklists = ${PROJECT_VERSION}")
+zul_pkgconfig(zulcheck "What a database lacks for the picks" LIBRARIES ZULCheck REQUIRES "zulcatalog = ${PROJECT_VERSION}")
+zul_pkgconfig(zulpickc "The picks in plain C" LIBRARIES ZULPickC)
 
 if(CMAKE_INSTALL_DOCDIR STREQUAL "${CMAKE_INSTALL_DATAROOTDIR}/doc/${PROJECT_NAME}")
   set(CMAKE_INSTALL_DOCDIR "${CMAKE_INSTALL_DATAROOTDIR}/doc/zulpicklists")  # unless somebody has chosen another
 endif()
 install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
-install(DIRECTORY docs DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
+install(DIRECTORY docs examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 # For those who make a database, or lay the texts of another language over the English ones.
-install(FILES sample/schema.sql src/zulcommon/strings/en.txt
+install(FILES sample/schema.sql src/zulcommon/strings/en.txt src/zulcommon/strings/en.names.txt
+  src/zulcommon/strings/de.txt
   DESTINATION "${CMAKE_INSTALL_DATADIR}/zulpicklists" COMPONENT development)
