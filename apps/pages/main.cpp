@@ -10,7 +10,7 @@
 #include "apps/command/Completion.h"
 #include "apps/command/Help.h"
 #include "pickbase/PickIcon.h"
-#include "sample/Manual.h"
+#include "apps/zulsample/Manual.h"
 
 namespace {
 
@@ -31,9 +31,9 @@ void WriteAll(const std::string& Folder) {
   const catalog::TCatalog& Catalog = catalog::FullCatalog();
   Write(Folder + "/zulpick.1", command::PickPage(Catalog));
   Write(Folder + "/zulhost.1", manual::ManPage(command::HostManual()));
-  Write(Folder + "/zulsample.1", manual::ManPage(sample::Manual()));
+  Write(Folder + "/zulsample.1", manual::ManPage(zulsample::Manual()));
   Write(Folder + "/zulpick", command::PickCompletion(Catalog));
-  Write(Folder + "/zulsample", command::OptionCompletion(sample::Manual()));
+  Write(Folder + "/zulsample", command::OptionCompletion(zulsample::Manual()));
   for (const int Side : {16, 32, 48, 128, 256}) WriteIcon(Folder + "/zulhost-" + std::to_string(Side) + ".png", Side);
 }
 

@@ -2,7 +2,7 @@
 
 #include "apps/manual/Manual.h"
 
-namespace sample {
+namespace zulsample {
 
 /// What zulsample says of itself.
 inline const manual::TManual& Manual() {
@@ -27,4 +27,4 @@ inline const manual::TManual& Manual() {
   return Text;
 }
 
-}  // namespace sample
+}  // namespace zulsample

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "sample/Manual.h"
+#include "apps/zulsample/Manual.h"
 #include "sample/SampleCompany.h"
 
 namespace {
@@ -113,7 +113,7 @@ TCommand ReadCommand(std::span<char* const> Arguments) {
 int Run(std::span<char* const> Arguments) {
   const TCommand Command = ReadCommand(Arguments);
   if (Command.Help || Command.Version) {
-    const manual::TManual& Manual = sample::Manual();
+    const manual::TManual& Manual = zulsample::Manual();
     std::fputs((Command.Help ? manual::HelpText(Manual) : manual::VersionText(Manual)).c_str(), stdout);
   } else if (!Command.Address.empty()) {
     sample::CreateCompanyOnServer(Command.Address, Command.Options);
