@@ -21,6 +21,7 @@ std::string OptionWord(const std::string& Name) {
 
 std::vector<std::string> OptionWords(const std::vector<manual::TOption>& Options) {
   std::vector<std::string> Result;
+  Result.reserve(Options.size());
   for (const manual::TOption& Option : Options) Result.push_back(OptionWord(Option.Name));
   return Result;
 }
@@ -77,6 +78,7 @@ std::string PickRules(const catalog::TPick& Pick) {
 
 std::string PickOptions(const catalog::TPick& Pick) {
   std::vector<std::string> Names;
+  Names.reserve(Pick.Args.size());
   for (const catalog::TArg& Arg : Pick.Args) Names.push_back(OptionWord(Arg.Name));
   return "    " + Pick.Name + ") words=" + Words(Names) + " ;;\n";
 }

@@ -97,11 +97,12 @@ int CheckTexts(const std::string& FileName, char* Program) {
 }
 
 int Open(const command::TCommandLine& CommandLine, char* Program) {
-  if (CommandLine.Pick == nullptr) {
+  if (CommandLine.Pick == nullptr && !CommandLine.Check) {
     return Complain(WrongUsage, "The name of a pick is missing.\n\n" + manual::HelpText(command::PickManual()));
   }
   command::ApplyTexts(CommandLine);
   if (CommandLine.Database.empty()) throw command::EUsage(command::NoDatabase);
+  if (CommandLine.Check) command::NeedNoDisplay();
   qInstallMessageHandler(ShowMessage);
   int ArgCount = 1;
   char* ArgValues[] = {Program, nullptr};

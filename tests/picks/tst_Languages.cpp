@@ -422,10 +422,7 @@ void tst_Languages::shouldHaveATextForOneDialogAlone() {
 
 void tst_Languages::shouldLeaveACallersCaptionAlone() {
   QVERIFY(zulcommon::UseLanguage("de"));
-  const auto& All = support::EveryDialog();
-  const auto Found = std::find_if(All.begin(), All.end(), [](const auto& Each) { return Each.Name == "ItemPreset"; });
-  QVERIFY(Found != All.end());
-  const auto Pick = Found->Create(Company_.Connection());
+  const auto Pick = support::SampleDialog("item-preset").Create(Company_.Connection());
   QCOMPARE(Pick->windowTitle(), QString("Auswahl: Artikelvorgabe"));
   Pick->SetPickCaption("Item Preset");
   QCOMPARE(Pick->windowTitle(), QString("Auswahl: Item Preset"));
