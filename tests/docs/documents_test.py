@@ -352,6 +352,7 @@ def layers(run):
     folders = {path.name for path in (run.source / "src").iterdir() if path.is_dir()}
     if folders != set(order):
         raise Failure(f"the table of layers has {sorted(order)}, src has {sorted(folders)}")
+    order.append("sample")  # below all: it has nothing of the libraries
     for above in order:
         for file in (run.source / "src" / above).rglob("*.[ch]*"):
             for below in INCLUDE.findall(file.read_text(encoding="utf-8")):
@@ -385,7 +386,7 @@ def try_all(run):
         found, spans = blocks.read(run.source / name, name)
         if name in ELSEWHERE:
             attempt(name, exists, run.source / ELSEWHERE[name])
-            found = []
+            found, spans = [], []
         attempt(name, application, run, name, found)
         for block in found:
             rule = RULES.get(block.language)

@@ -16,7 +16,7 @@ mkdir -p "$work"
 export XDG_RUNTIME_DIR=$work
 chmod 700 "$work"
 start_desktop "$work/desktop"
-eval "exec $command" >"$work/out" &
+eval "exec env $command" >"$work/out" &
 running=$!
 wait_window '^Select ' "$running"
 write_text "$running" an
