@@ -96,7 +96,9 @@ const char* SchemaSql() {
 
 std::int32_t SchemaVersion() {
   std::uint32_t Hash = 2166136261U;  // FNV-1a
-  for (const unsigned char Letter : std::string_view(SchemaText)) Hash = (Hash ^ Letter) * 16777619U;
+  for (const char Letter : std::string_view(SchemaText)) {
+    Hash = (Hash ^ static_cast<unsigned char>(Letter)) * 16777619U;
+  }
   return static_cast<std::int32_t>(Hash & 0x7FFFFFFFU) | 1;
 }
 

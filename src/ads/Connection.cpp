@@ -40,6 +40,7 @@ EConnectionLost::~EConnectionLost() = default;
 EQueryEnded::EQueryEnded(const std::string& Message) : EDatabaseError(Message) {}
 EQueryEnded::~EQueryEnded() = default;
 
+// NOLINTNEXTLINE(performance-*): Qt 6.4 can only copy it, later ones move it.
 TAdsConnection::TAdsConnection(QSqlDatabase Database) : Database_(std::move(Database)) {}
 TAdsConnection::~TAdsConnection() = default;
 
