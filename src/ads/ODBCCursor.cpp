@@ -169,6 +169,7 @@ class TStatementHandle {
   }
   void SetAsynchronous(SQLULEN Mode) {
     if (Mode == IsAsynchronous_) return;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC passes whole numbers so.
     if (Succeeded(SQLSetStmtAttr(Handle_, SQL_ATTR_ASYNC_ENABLE, reinterpret_cast<SQLPOINTER>(Mode), 0))) {
       IsAsynchronous_ = Mode;
     }

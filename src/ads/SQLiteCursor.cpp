@@ -119,6 +119,7 @@ class TSQLiteCursor final : public TCursor {
   std::vector<std::string> Prepare(const std::string& Sql) override {
     sqlite3_stmt* Statement = Compiled(Sql);
     std::vector<std::string> Names;
+    Names.reserve(static_cast<std::size_t>(sqlite3_column_count(Statement)));
     for (int Column = 0; Column < sqlite3_column_count(Statement); ++Column) {
       Names.emplace_back(sqlite3_column_name(Statement, Column));
     }
@@ -257,6 +258,7 @@ class TSQLiteCursor final : public TCursor {
     if (Running() != &Cursor) return 0;
     // A function of ours is a better place, if one is called.
     constexpr std::chrono::milliseconds Patience(20);
+    // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): it is the one that runs.
     if (!Cursor.IsStopping_ && Cursor.Until_ != Forever &&
         std::chrono::steady_clock::now() >= Cursor.Until_ + Patience) {
       Cursor.InProgressHandler_ = true;

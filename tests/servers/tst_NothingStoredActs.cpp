@@ -1,5 +1,6 @@
 #include <QSqlQuery>
 #include <QTest>
+#include <functional>
 
 #include "ads/Ads.h"
 #include "catalog/Catalog.h"
@@ -78,23 +79,30 @@ int StoreHostileTexts(const TBackend& Backend) {
   return Stored;
 }
 
+// One use of the library, and what it is called.
+using TUse = std::function<void(const std::string& Name, const std::function<void()>& Run)>;
+
 // Shows every dialog's every value, also those that are looked up row by row, and calls every pick, of which some go
-// from one list to the next by what was chosen in the first.
-int UseEverything(TBackend& Backend) {
+// from one list to the next by what was chosen in the first; each by way of `Use`. How many rows were shown.
+int UseEverything(TBackend& Backend, const TUse& Use) {
   int Rows = 0;
   for (const support::TSampleDialog& Sample : support::EveryDialog()) {
-    const auto Dialog = Sample.Create(Backend.Connection());
-    for (int Row = 0; Row < Dialog->qryList_->RecordCount(); ++Row, ++Rows) {
-      const ads::TRowScope Scope(*Dialog->qryList_, Row);
-      for (const ads::TField* Field : Dialog->qryList_->Fields()) (void)Field->DisplayText();
-    }
+    Use(Sample.Name, [&] {
+      const auto Dialog = Sample.Create(Backend.Connection());
+      for (int Row = 0; Row < Dialog->qryList_->RecordCount(); ++Row, ++Rows) {
+        const ads::TRowScope Scope(*Dialog->qryList_, Row);
+        for (const ads::TField* Field : Dialog->qryList_->Fields()) (void)Field->DisplayText();
+      }
+    });
   }
   for (const catalog::TPick& Pick : catalog::FullCatalog().All()) {
-    try {
-      Pick.Call(Backend.Connection(), catalog::TArgs(Pick.Args));
-    } catch (const ads::EDatabaseError&) {
-    } catch (const zulcommon::EZULException&) {
-    }
+    Use(Pick.Name, [&] {
+      try {
+        Pick.Call(Backend.Connection(), catalog::TArgs(Pick.Args));
+      } catch (const ads::EDatabaseError&) {
+      } catch (const zulcommon::EZULException&) {
+      }
+    });
   }
   return Rows;
 }
@@ -122,11 +130,12 @@ class tst_NothingStoredActs : public QObject {
     const support::TErrorBoxes Answers;
     const support::TPickTaker Taker;
     THostileTrial Trial(*Backends_, *Backend);
-    Trial.Learn([&] { UseEverything(*Backend); });
+    Trial.Learn([&] { UseEverything(*Backend, [](const std::string&, const auto& Run) { Run(); }); });
     QVERIFY(StoreHostileTexts(*Backend) > 100);
     Trial.ExpectChanges();
-    int Rows = 0;
-    Trial.Try("What is stored", [&] { Rows = UseEverything(*Backend); });
+    const int Rows = UseEverything(*Backend, [&](const std::string& Name, const auto& Run) {
+      Trial.Try("What is stored, by " + QString::fromStdString(Name), Run);
+    });
     Trial.CheckNothingChanged("What is stored");
     QVERIFY(Rows > 100);
     QVERIFY2(Trial.Complaints().isEmpty(), support::Told(Trial.Complaints()).constData());
