@@ -9,8 +9,8 @@
 
 #include "apps/command/Completion.h"
 #include "apps/command/Help.h"
-#include "pickbase/PickIcon.h"
 #include "apps/zulsample/Manual.h"
+#include "pickbase/PickIcon.h"
 
 namespace {
 

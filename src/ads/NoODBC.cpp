@@ -27,4 +27,12 @@ std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase&) {
   Refuse();
 }
 
+std::string ODBCServerName(void*) {
+  Refuse();
+}
+
+std::string ODBCServerVersion(void*) {
+  Refuse();
+}
+
 }  // namespace ads
