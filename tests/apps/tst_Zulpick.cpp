@@ -1,12 +1,12 @@
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "catalog/Catalog.h"
+#include "support/ProgramRun.h"
 #include "support/TestCompany.h"
 
 namespace {
@@ -16,11 +16,7 @@ constexpr int DatabaseError = 3;
 constexpr int CannotWrite = 3;
 constexpr int NoDisplay = 3;
 
-struct TRun {
-  int Code = -1;
-  QString Output;
-  QString Errors;
-};
+using support::TRun;
 
 QProcessEnvironment Environment() {
   QProcessEnvironment Result = QProcessEnvironment::systemEnvironment();
@@ -32,19 +28,7 @@ QProcessEnvironment Environment() {
 // The program itself, to its end.
 TRun Run(const QStringList& Words, const QProcessEnvironment& Variables = Environment(),
          const QString& Program = QStringLiteral(ZUL_PROGRAM)) {
-  QProcess Process;
-  Process.setProcessEnvironment(Variables);
-  Process.start(Program, Words);
-  if (!Process.waitForFinished(60000)) {
-    Process.kill();
-    Process.waitForFinished();
-    return {};
-  }
-  TRun Result;
-  if (Process.exitStatus() == QProcess::NormalExit) Result.Code = Process.exitCode();
-  Result.Output = QString::fromUtf8(Process.readAllStandardOutput());
-  Result.Errors = QString::fromUtf8(Process.readAllStandardError());
-  return Result;
+  return support::RunProgram(Program, Words, Variables, 60000);
 }
 
 // The program's command line with what a shell does to its output.

@@ -1,7 +1,7 @@
 #include <QDir>
-#include <QProcess>
 #include <QTest>
 
+#include "support/ProgramRun.h"
 #include "support/TestCompany.h"
 
 namespace {
@@ -11,11 +11,7 @@ constexpr int Unfit = 1;
 constexpr int WrongUsage = 2;
 constexpr int DatabaseError = 3;
 
-struct TRun {
-  int Code = -1;
-  QString Output;
-  QString Errors;
-};
+using support::TRun;
 
 // The program itself, to its end, where there is no display.
 TRun Run(const QStringList& Words) {
@@ -24,19 +20,7 @@ TRun Run(const QStringList& Words) {
     Variables.remove(QLatin1String(Name));
   }
   Variables.insert("XDG_RUNTIME_DIR", QDir::tempPath());
-  QProcess Process;
-  Process.setProcessEnvironment(Variables);
-  Process.start(QStringLiteral(ZUL_PROGRAM), Words);
-  if (!Process.waitForFinished(200000)) {
-    Process.kill();
-    Process.waitForFinished();
-    return {};
-  }
-  TRun Result;
-  if (Process.exitStatus() == QProcess::NormalExit) Result.Code = Process.exitCode();
-  Result.Output = QString::fromUtf8(Process.readAllStandardOutput());
-  Result.Errors = QString::fromUtf8(Process.readAllStandardError());
-  return Result;
+  return support::RunProgram(QStringLiteral(ZUL_PROGRAM), Words, Variables, 200000);
 }
 
 }  // namespace
