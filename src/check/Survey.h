@@ -18,7 +18,7 @@ namespace check {
 struct TPlace {
   std::string Table;
   std::string Column;
-  auto operator<=>(const TPlace&) const = default;
+  auto operator<=>(const TPlace&) const = default;  // NOLINT(modernize-use-nullptr): none is written
 };
 using TPlaces = std::set<TPlace>;
 
