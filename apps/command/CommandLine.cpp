@@ -42,11 +42,7 @@ class TReader {
   void ReadName(const std::string& Name) {
     if (Result_.Pick != nullptr) throw EUsage("Nothing is known to do with \"" + Name + "\": one pick at a time.");
     Result_.Pick = Catalog_.Find(Name);
-    if (Result_.Pick == nullptr) {
-      std::vector<std::string> Names;
-      for (const catalog::TPick& Pick : Catalog_.All()) Names.push_back(Pick.Name);
-      throw EUsage("There is no pick \"" + Name + "\"." + catalog::DidYouMean(catalog::NearNames(Name, Names)));
-    }
+    if (Result_.Pick == nullptr) throw EUsage(catalog::NoSuchPick(Catalog_, Name));
     Result_.Args.emplace(Result_.Pick->Args);
   }
 

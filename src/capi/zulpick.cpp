@@ -108,10 +108,7 @@ const catalog::TPick& FindPick(const char* GivenName) {
   const std::string Name = Given(GivenName, "The pick's name");
   const catalog::TPick* Pick = catalog::FullCatalog().Find(Name);
   if (Pick != nullptr) return *Pick;
-  std::vector<std::string> Names;
-  for (const catalog::TPick& Each : catalog::FullCatalog().All()) Names.push_back(Each.Name);
-  throw ERefused(ZUL_ERROR_PICK,
-                 "There is no pick \"" + Name + "\"." + catalog::DidYouMean(catalog::NearNames(Name, Names)));
+  throw ERefused(ZUL_ERROR_PICK, catalog::NoSuchPick(catalog::FullCatalog(), Name));
 }
 
 void SetArgument(catalog::TArgs& Args, const catalog::TPick& Pick, const std::string& Name, const std::string& Value) {

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include "catalog/Catalog.h"
+
 namespace catalog {
 
 namespace {
@@ -48,6 +50,12 @@ std::string DidYouMean(const std::vector<std::string>& Near) {
     Result += (Index + 1 == Near.size() ? " or " : ", ") + Near[Index];
   }
   return Result + "?";
+}
+
+std::string NoSuchPick(const TCatalog& Catalog, const std::string& Name) {
+  std::vector<std::string> Names;
+  for (const TPick& Pick : Catalog.All()) Names.push_back(Pick.Name);
+  return "There is no pick \"" + Name + "\"." + DidYouMean(NearNames(Name, Names));
 }
 
 }  // namespace catalog

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "check/ExpectedSchema.h"
+#include "check/Joined.h"
 #include "zulcommon/Text.h"
 
 namespace check {
@@ -21,12 +22,6 @@ const char* NameOf(ads::TColumnKind Kind) {
       return "a date";
   }
   return "";
-}
-
-std::string Joined(const std::vector<std::string>& Names) {
-  std::string Result;
-  for (const std::string& Name : Names) Result += (Result.empty() ? "" : ", ") + Name;
-  return Result;
 }
 
 bool Leads(const std::vector<std::string>& Wanted, const std::vector<std::string>& Columns) {

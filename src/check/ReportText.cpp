@@ -1,18 +1,13 @@
 #include <algorithm>
 
 #include "check/Check.h"
+#include "check/Joined.h"
 
 namespace check {
 
 namespace {
 
 constexpr std::size_t MostStates = 5;
-
-std::string Joined(const std::vector<std::string>& Names) {
-  std::string Result;
-  for (const std::string& Name : Names) Result += (Result.empty() ? "" : ", ") + Name;
-  return Result;
-}
 
 std::string Counted(std::size_t Count, const std::string& One, const std::string& Many) {
   return Count == 1 ? "1 " + One : std::to_string(Count) + " " + Many;
