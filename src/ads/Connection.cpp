@@ -2,6 +2,7 @@
 
 #include <QSqlDriver>
 #include <QThread>
+#include <QVariant>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
@@ -32,6 +33,15 @@ const sql::TDialect& ODBCDialect(void* Handle) {
 }
 
 }  // namespace
+
+// The one name or the other, by the release of Qt.
+st_mysql* MariaDBHandle(const QSqlDatabase& Database) {
+  if (Database.driver() == nullptr || !Database.driver()->isOpen()) return nullptr;
+  const QVariant Handle = Database.driver()->handle();
+  const std::string_view Type = Handle.isValid() ? Handle.typeName() : "";
+  if (Type != "MYSQL*" && Type != "st_mysql*") return nullptr;
+  return *static_cast<st_mysql* const*>(Handle.constData());
+}
 
 EDatabaseError::EDatabaseError(const std::string& Message) : std::runtime_error(Message) {}
 EDatabaseError::~EDatabaseError() = default;
@@ -67,6 +77,8 @@ const sql::TDialect& TAdsConnection::Dialect() const {
       return Shared<sql::TPlainSQLiteDialect>();
     case QSqlDriver::PostgreSQL:
       return Shared<sql::TPostgreSQLDialect>();
+    case QSqlDriver::MySqlServer:
+      return Shared<sql::TMariaDBDialect>();
     default:
       return Shared<sql::TAdvantageDialect>();
   }
@@ -120,6 +132,7 @@ std::unique_ptr<TCursor> TAdsConnection::NewPlainCursor() const {
     return NewSQLiteCursor(Database_);
   }
   if (PostgreSQLHandle(Database_) != nullptr) return NewPostgreSQLCursor(Database_);
+  if (MariaDBHandle(Database_) != nullptr) return NewMariaDBCursor(Database_);
   if (ODBCHandle(Database_) != nullptr) return NewODBCCursor(Database_);
   return NewQSqlCursor(Database_);
 }

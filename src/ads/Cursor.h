@@ -14,6 +14,7 @@
 
 struct pg_conn;
 struct sqlite3;
+struct st_mysql;
 
 namespace ads {
 
@@ -121,6 +122,15 @@ pg_conn* PostgreSQLHandle(const QSqlDatabase& Database);
 /// Reads through libpq, where the server refuses every write and nothing stays behind. Another cursor that is being
 /// read from the same connection makes way.
 std::unique_ptr<TCursor> NewPostgreSQLCursor(const QSqlDatabase& Database);
+
+/// The client library's connection behind an open connection of Qt's driver for MariaDB; null when its driver is
+/// another one.
+st_mysql* MariaDBHandle(const QSqlDatabase& Database);
+
+/// Reads through the client library of MariaDB, where nothing stays behind, and the server refuses every write outside
+/// of the host's transactions. Another cursor that is being read from the same connection makes way. Throws
+/// `EDatabaseError` for a server that is another one, and where the library was built without MariaDB.
+std::unique_ptr<TCursor> NewMariaDBCursor(const QSqlDatabase& Database);
 
 /// The ODBC connection (a SQLHDBC) behind an open connection of Qt's ODBC driver; null when its driver is another one.
 /// In a build without ODBC a connection of that driver throws `EDatabaseError`, which says so.

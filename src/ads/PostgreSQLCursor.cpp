@@ -5,15 +5,15 @@
 #include <cstring>
 #include <exception>
 #include <future>
-#include <map>
-#include <mutex>
 #include <utility>
 #include <vector>
 
 #include "ads/Cursor.h"
+#include "ads/KeptRows.h"
 #include "ads/PostgreSQLStatements.h"
 #include "ads/PostgreSQLTalk.h"
 #include "ads/PostgreSQLValues.h"
+#include "ads/RunningCursors.h"
 
 namespace ads {
 
@@ -23,49 +23,10 @@ using TFormat = TPostgreSQLTalk::TFormat;
 
 class TPostgreSQLCursor;
 
-// The cursor that is being read from a connection, which can be no more than one.
-struct TRunning {
-  std::mutex Mutex;
-  std::map<PGconn*, TPostgreSQLCursor*> Cursors;
-};
-TRunning& Running() {
-  static TRunning Instance;
+TRunningCursors<PGconn*, TPostgreSQLCursor>& Running() {
+  static TRunningCursors<PGconn*, TPostgreSQLCursor> Instance;
   return Instance;
 }
-
-TPostgreSQLCursor* RunningOn(PGconn* Handle) {
-  const std::lock_guard Lock(Running().Mutex);
-  const auto Found = Running().Cursors.find(Handle);
-  return Found == Running().Cursors.end() ? nullptr : Found->second;
-}
-
-// The rows of a query that had to make way for another one.
-class TKeptRows {
- public:
-  void Add(const std::vector<std::string_view>& Values) {
-    for (const std::string_view Value : Values) {
-      const auto Length = Value.data() == nullptr ? Null : Value.size();
-      Bytes_.append(reinterpret_cast<const char*>(&Length), sizeof Length);
-      Bytes_.append(Value);
-    }
-  }
-  bool Take(std::vector<std::string_view>& Values) {
-    if (At_ == Bytes_.size()) return false;
-    for (std::string_view& Value : Values) {
-      std::size_t Length = 0;
-      std::memcpy(&Length, Bytes_.data() + At_, sizeof Length);
-      At_ += sizeof Length;
-      Value = Length == Null ? std::string_view() : std::string_view(Bytes_.data() + At_, Length);
-      At_ += Value.size();
-    }
-    return true;
-  }
-
- private:
-  static constexpr std::size_t Null = static_cast<std::size_t>(-1);
-  std::string Bytes_;
-  std::size_t At_ = 0;
-};
 
 /// Reads binary values, which no setting of the session touches; a result with a column of a type that cannot be read
 /// so is asked for again as text.
@@ -100,7 +61,7 @@ class TPostgreSQLCursor final : public TCursor {
     Names_.clear();
     if (Phase_ == TPhase::Reading) return EndQuery(TPhase::Asking);
     if (Phase_ != TPhase::Idle) return;
-    LetOthersMakeWay();
+    Running().MakeWayFor(Talk_.Handle(), this);
     OpenScope();
   }
 
@@ -156,6 +117,23 @@ class TPostgreSQLCursor final : public TCursor {
     return TextOf(Shape(Column), Value(Column), Texts_[static_cast<std::size_t>(Column)]);
   }
 
+  // Takes the rest of the rows into memory, which frees the connection for another query in the midst of this one. A
+  // failure is kept for the reader of the rows.
+  void KeepTheRest() {
+    const bool OnRow = OnRow_;
+    if (OnRow) Kept_.Add(Values_);
+    try {
+      GoOn(Forever, [this] {
+        Kept_.Add(Values_);
+        return true;
+      });
+    } catch (...) {
+      KeptFailure_ = std::current_exception();
+    }
+    HasKept_ = true;
+    if (OnRow) Kept_.Take(Values_);
+  }
+
  private:
   enum class TPhase {
     Idle,     // nothing is open
@@ -170,13 +148,6 @@ class TPostgreSQLCursor final : public TCursor {
   TPostgreSQLShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
   std::string_view Value(int Column) const { return Values_[static_cast<std::size_t>(Column)]; }
 
-  void LetOthersMakeWay() {
-    TPostgreSQLCursor* Before = RunningOn(Talk_.Handle());
-    if (Before == nullptr || Before == this || !Before->IsConnected()) return;
-    if (const auto MakeWay = Before->OnMakeWay) return MakeWay();  // a copy, which outlives the cursor
-    Before->KeepTheRest();
-  }
-
   void OpenScope() {
     const PGTransactionStatusType Status = Talk_.TakeStatus();
     if (Status == PQTRANS_ACTIVE) {
@@ -190,15 +161,10 @@ class TPostgreSQLCursor final : public TCursor {
     Talk_.Send(Sql);
     Phase_ = TPhase::Opening;
     IsDisturbed_ = false;
-    const std::lock_guard Lock(Running().Mutex);
-    Running().Cursors[Talk_.Handle()] = this;
+    Running().Set(Talk_.Handle(), this);
   }
 
-  void NoLongerRunning() {
-    const std::lock_guard Lock(Running().Mutex);
-    const auto Found = Running().Cursors.find(Talk_.Handle());
-    if (Found != Running().Cursors.end() && Found->second == this) Running().Cursors.erase(Found);
-  }
+  void NoLongerRunning() { Running().Forget(Talk_.Handle(), this); }
 
   // A request to cancel that is still under way would hit the next statement.
   bool IsCancelDone(TTime Until) {
@@ -400,23 +366,6 @@ class TPostgreSQLCursor final : public TCursor {
       if (Talk_.Take() == nullptr) return true;
     }
     return false;
-  }
-
-  // Takes the rest of the rows into memory, which frees the connection for another query in the midst of this one. A
-  // failure is kept for the reader of the rows.
-  void KeepTheRest() {
-    const bool OnRow = OnRow_;
-    if (OnRow) Kept_.Add(Values_);
-    try {
-      GoOn(Forever, [this] {
-        Kept_.Add(Values_);
-        return true;
-      });
-    } catch (...) {
-      KeptFailure_ = std::current_exception();
-    }
-    HasKept_ = true;
-    if (OnRow) Kept_.Take(Values_);
   }
 
   bool GiveKept(const TTakeRow& Take) {

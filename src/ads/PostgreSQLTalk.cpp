@@ -3,30 +3,20 @@
 #include <poll.h>
 #include <sys/socket.h>
 
-#include <algorithm>
-#include <limits>
 #include <thread>
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
 #include "ads/SQLLog.h"
+#include "ads/Waiting.h"
 #include "zulcommon/Text.h"
 
 namespace ads {
 
 namespace {
 
-using std::chrono::milliseconds;
-
 std::string ConnectionMessage(PGconn* Handle) {
   return std::string(zulcommon::Trim(PQerrorMessage(Handle)));
-}
-
-// For poll: without an end, or rounded up, so that nobody asks again and again within the last millisecond.
-int MillisecondsUntil(TPostgreSQLTalk::TTime Until) {
-  if (Until == TPostgreSQLTalk::TTime::max()) return -1;
-  const auto Left = std::chrono::ceil<milliseconds>(Until - std::chrono::steady_clock::now()).count();
-  return static_cast<int>(std::clamp<std::int64_t>(Left, 0, std::numeric_limits<int>::max()));
 }
 
 void RequestCancel(PGcancel* Request) {

@@ -3,6 +3,7 @@
 
 #include "ads/EDatabaseError.h"
 #include "ads/GoldenCases.h"
+#include "ads/ThrowawayMariaDB.h"
 #include "ads/ThrowawayPostgreSQL.h"
 #include "ads/Values.h"
 #include "ads/sql/Dialect.h"
@@ -18,6 +19,13 @@ QString PostgreSQLSchema() {
   QString Schema = QString::fromUtf8(sample::SchemaSql());
   Schema.remove(QRegularExpression("--[^\n]*"));
   return Schema.replace("DOUBLE", "DOUBLE PRECISION").toLower();
+}
+
+// The same for MariaDB, which keeps quoted names in backticks whatever its mode.
+QString MariaDBSchema() {
+  QString Schema = QString::fromUtf8(sample::SchemaSql());
+  Schema.remove(QRegularExpression("--[^\n]*"));
+  return Schema.replace('"', '`').toLower();
 }
 
 void CreateTables(const QSqlDatabase& Database, const QString& Schema) {
@@ -50,6 +58,14 @@ class tst_DialectGolden : public QObject {
     SQLiteConnection_ = std::make_unique<ads::TAdsConnection>(SQLite_);
     Run(*SQLiteConnection_, "SELECT 1");  // gives the connection the dialect's functions
 
+    MariaDBServer_ = std::make_unique<TThrowawayMariaDB>();
+    if (MariaDBServer_->IsRunning()) {
+      MariaDB_ = MariaDBServer_->Connect("golden MariaDB");
+      QVERIFY(MariaDB_.isOpen());
+      CreateTables(MariaDB_, MariaDBSchema());
+      MariaDBConnection_ = std::make_unique<ads::TAdsConnection>(MariaDB_);
+    }
+
     Server_ = std::make_unique<TThrowawayPostgreSQL>();
     if (!Server_->IsRunning()) return;
     PostgreSQL_ = Server_->Connect("golden PostgreSQL");
@@ -61,10 +77,13 @@ class tst_DialectGolden : public QObject {
   void cleanupTestCase() {
     SQLiteConnection_.reset();
     PostgreSQLConnection_.reset();
+    MariaDBConnection_.reset();
     SQLite_ = {};
     PostgreSQL_ = {};
+    MariaDB_ = {};
     QSqlDatabase::removeDatabase("golden SQLite");
     QSqlDatabase::removeDatabase("golden PostgreSQL");
+    QSqlDatabase::removeDatabase("golden MariaDB");
   }
 
   void shouldLeaveTheTextAsItIsForAdvantage_data() {
@@ -93,6 +112,15 @@ class tst_DialectGolden : public QObject {
              QString::fromStdString(Case.PostgreSQL));
   }
 
+  void shouldGiveMariaDBItsOwnText_data() {
+    AddCases([](const TGoldenCase&) { return true; });
+  }
+  void shouldGiveMariaDBItsOwnText() {
+    QFETCH(TGoldenCase, Case);
+    QCOMPARE(QString::fromStdString(ads::sql::TMariaDBDialect().Rewrite(Case.Dialog)),
+             QString::fromStdString(Case.MariaDB));
+  }
+
   void shouldLetEachQueryThroughTheGate_data() {
     AddCases([](const TGoldenCase& Case) { return Case.Dialog.starts_with("SELECT"); });
   }
@@ -116,6 +144,25 @@ class tst_DialectGolden : public QObject {
     if (!Server_->IsRunning()) QSKIP(qPrintable(Server_->Reason()));
     QFETCH(TGoldenCase, Case);
     Run(*PostgreSQLConnection_, Case.Dialog);
+  }
+
+  void shouldRunOnMariaDB_data() {
+    AddCases([](const TGoldenCase& Case) { return !Case.MustFail; });
+  }
+  void shouldRunOnMariaDB() {
+    if (!MariaDBServer_->IsRunning()) QSKIP(qPrintable(MariaDBServer_->Reason()));
+    QFETCH(TGoldenCase, Case);
+    Run(*MariaDBConnection_, Case.Dialog);
+  }
+
+  void shouldFailOnMariaDB_data() {
+    AddCases([](const TGoldenCase& Case) { return Case.MustFail; });
+  }
+  void shouldFailOnMariaDB() {
+    if (!MariaDBServer_->IsRunning()) QSKIP(qPrintable(MariaDBServer_->Reason()));
+    QFETCH(TGoldenCase, Case);
+    QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Run(*MariaDBConnection_, Case.Dialog));
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, Execute(MariaDB_, QString::fromStdString(Case.MariaDB)));
   }
 
   void shouldFailOnBothServers_data() {
@@ -142,9 +189,12 @@ class tst_DialectGolden : public QObject {
   std::vector<TGoldenCase> Cases_;
   QSqlDatabase SQLite_;
   QSqlDatabase PostgreSQL_;
+  QSqlDatabase MariaDB_;
   std::unique_ptr<TThrowawayPostgreSQL> Server_;
+  std::unique_ptr<TThrowawayMariaDB> MariaDBServer_;
   std::unique_ptr<ads::TAdsConnection> SQLiteConnection_;
   std::unique_ptr<ads::TAdsConnection> PostgreSQLConnection_;
+  std::unique_ptr<ads::TAdsConnection> MariaDBConnection_;
 };
 
 QTEST_GUILESS_MAIN(tst_DialectGolden)

@@ -78,4 +78,17 @@ class ZULADS_EXPORT TPostgreSQLDialect : public TDialect {
   std::string Rewrite(std::string_view Sql) const override;
 };
 
+/// MariaDB 10.11.6 or later, in whatever `sql_mode` and character set the session is: the text is ASCII but for names
+/// that are not. Tables are expected under lower-case names, because on most systems the server keeps those that differ
+/// by case apart; columns are found in any case. Texts are compared for equality as their columns say, which is exact
+/// under the collation `utf8mb4_nopad_bin`.
+class ZULADS_EXPORT TMariaDBDialect : public TDialect {
+ public:
+  const char* Name() const override;
+  std::string Rewrite(std::string_view Sql) const override;
+
+  /// Refuses `S.NextVal` in any quotes, which one of the server's modes takes for a call that counts a sequence on.
+  void RequireUnambiguous(std::string_view Sql) const override;
+};
+
 }  // namespace ads::sql

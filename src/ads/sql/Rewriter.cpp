@@ -53,14 +53,38 @@ void TRewriter::AppendBlanks(std::string& Result, std::size_t Position) const {
   }
 }
 
+void TRewriter::ReplaceAll(TStatement::TRange Range, std::string Text) {
+  for (std::size_t Position = Range.First; Position <= Range.Last; ++Position) {
+    TEdit& Edit = Edits_[Position];
+    Edit.Instead.emplace();
+    if (Position != Range.First) Edit.Before.clear();
+    if (Position != Range.First) Edit.WithoutBlanks = true;
+    if (Position != Range.Last) Edit.After.clear();
+  }
+  Edits_[Range.First].Instead = std::move(Text);
+}
+
+void TRewriter::AppendToken(std::string& Result, std::size_t Position) const {
+  const TEdit& Edit = Edits_[Position];
+  AppendPiece(Result, Edit.Before);
+  AppendPiece(Result, Edit.Instead ? std::string_view(*Edit.Instead) : Statement_[Position].Source);
+  AppendPiece(Result, Edit.After);
+}
+
+std::string TRewriter::TextOf(TStatement::TRange Range) const {
+  std::string Result;
+  for (std::size_t Position = Range.First; Position <= Range.Last; ++Position) {
+    if (Position != Range.First && !Edits_[Position].WithoutBlanks) AppendBlanks(Result, Position);
+    AppendToken(Result, Position);
+  }
+  return Result;
+}
+
 std::string TRewriter::Text() const {
   std::string Result;
   for (std::size_t Position = 0; Position < Statement_.Count(); ++Position) {
-    const TEdit& Edit = Edits_[Position];
-    if (!Edit.WithoutBlanks) AppendBlanks(Result, Position);
-    AppendPiece(Result, Edit.Before);
-    AppendPiece(Result, Edit.Instead ? std::string_view(*Edit.Instead) : Statement_[Position].Source);
-    AppendPiece(Result, Edit.After);
+    if (!Edits_[Position].WithoutBlanks) AppendBlanks(Result, Position);
+    AppendToken(Result, Position);
   }
   AppendBlanks(Result, Statement_.Count());
   return Result;

@@ -27,6 +27,13 @@ class TRewriter {
   void Remove(std::size_t Position);
   void RemoveBlanksBefore(std::size_t Position);
 
+  /// What has become of a part of the text, to be put elsewhere or more than once.
+  std::string TextOf(TStatement::TRange Range) const;
+
+  /// Puts a text in the place of two tokens or more and of all that was changed between them; what was put before and
+  /// behind them stays.
+  void ReplaceAll(TStatement::TRange Range, std::string Text);
+
   /// Turns each `+` that joins texts into `||`.
   void JoinTexts();
 
@@ -42,6 +49,7 @@ class TRewriter {
   };
 
   void AppendBlanks(std::string& Result, std::size_t Position) const;
+  void AppendToken(std::string& Result, std::size_t Position) const;
 
   TStatement Statement_;
   std::vector<TEdit> Edits_;  // by position

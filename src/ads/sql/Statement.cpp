@@ -196,23 +196,89 @@ bool TStatement::IsTextOperand(TRange Operand) const {
   return std::any_of(Choices.begin(), Choices.end(), [this](TRange Choice) { return IsText(Choice); });
 }
 
-std::vector<std::size_t> TStatement::TextJoins() const {
-  std::vector<std::size_t> Result;
+// The end of what stands between two joins.
+std::size_t TStatement::FactorEnd(std::size_t First) const {
+  std::size_t End = OperandEnd(First);
+  while (End != None && IsArithmetic(End + 1) && !IsJoin(End + 1)) End = OperandEnd(End + 2);
+  return End;
+}
+
+std::size_t TStatement::FactorBegin(std::size_t Last) const {
+  std::size_t Begin = OperandBegin(Last);
+  while (Begin != None && Begin >= 2 && IsArithmetic(Begin - 1) && !IsJoin(Begin - 1)) {
+    const std::size_t Before = OperandBegin(Begin - 2);
+    if (Before == None) break;
+    Begin = Before;
+  }
+  return Begin;
+}
+
+std::vector<TStatement::TTextSum> TStatement::TextSums() const {
+  std::vector<TTextSum> Result;
   std::vector<bool> Seen(Count());
   for (std::size_t Position = 1; Position < Count(); ++Position) {
     if (Seen[Position] || !IsJoin(Position)) continue;
-    const std::size_t Begin = OperandBegin(Position - 1);
-    if (Begin == None) continue;
-    std::vector<std::size_t> Pluses;
-    std::size_t Last = Position - 1;
-    while (IsJoin(Last + 1) && OperandEnd(Last + 2) != None) {
-      Seen[Last + 1] = true;
-      if (IsSymbol(Last + 1, "+")) Pluses.push_back(Last + 1);
-      Last = OperandEnd(Last + 2);
+    TTextSum Sum;
+    Sum.All = {FactorBegin(Position - 1), Position - 1};
+    if (Sum.All.First == None) continue;
+    bool Found = IsTextOperand({OperandBegin(Position - 1), Position - 1});
+    while (IsJoin(Sum.All.Last + 1) && FactorEnd(Sum.All.Last + 2) != None) {
+      const std::size_t Join = Sum.All.Last + 1;
+      Seen[Join] = true;
+      Found = Found || IsSymbol(Join, "||") || IsTextOperand({Join + 1, OperandEnd(Join + 1)});
+      Sum.Joins.push_back(Join);
+      Sum.All.Last = FactorEnd(Join + 1);
     }
-    if (IsText({Begin, Last})) Result.insert(Result.end(), Pluses.begin(), Pluses.end());
+    if (Found && !Sum.Joins.empty()) Result.push_back(std::move(Sum));
   }
   return Result;
+}
+
+std::vector<std::size_t> TStatement::TextJoins() const {
+  std::vector<std::size_t> Result;
+  for (const TTextSum& Sum : TextSums()) {
+    for (const std::size_t Join : Sum.Joins) {
+      if (IsSymbol(Join, "+")) Result.push_back(Join);
+    }
+  }
+  return Result;
+}
+
+bool TStatement::IsNegatable(std::size_t Position) const {
+  return IsKeyword(Position, "LIKE") || IsKeyword(Position, "IN") || IsKeyword(Position, "BETWEEN");
+}
+
+bool TStatement::IsComparison(std::size_t Position) const {
+  constexpr auto Signs = std::to_array<std::string_view>({"=", "<>", "!=", "<", ">", "<=", ">="});
+  return std::any_of(Signs.begin(), Signs.end(), [&](std::string_view Sign) { return IsSymbol(Position, Sign); });
+}
+
+TStatement::TRange TStatement::Denied(std::size_t Not) const {
+  if (!IsKeyword(Not, "NOT") || IsKeyword(Not - 1, "IS") || IsNegatable(Not + 1)) return {};
+  const std::size_t End = ComparisonEnd(Not + 1);
+  return End == None ? TRange{} : TRange{Not + 1, End};
+}
+
+std::size_t TStatement::ComparisonEnd(std::size_t First) const {
+  while (IsKeyword(First, "NOT") || IsKeyword(First, "EXISTS")) ++First;
+  std::size_t End = SumEnd(First);
+  while (End != None) {
+    std::size_t Next = End + 1;
+    if (IsKeyword(Next, "IS")) {
+      End = Next + (IsKeyword(Next + 1, "NOT") ? 2 : 1);
+      continue;
+    }
+    if (IsKeyword(Next, "NOT")) ++Next;
+    if (IsKeyword(Next, "BETWEEN")) {
+      const std::size_t Low = SumEnd(Next + 1);
+      if (Low == None || !IsKeyword(Low + 1, "AND")) return None;
+      Next = Low + 1;
+    } else if (!IsNegatable(Next) && !IsComparison(Next)) {
+      return End;
+    }
+    End = SumEnd(Next + 1);
+  }
+  return None;
 }
 
 std::vector<TStatement::TLike> TStatement::Likes() const {

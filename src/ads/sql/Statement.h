@@ -106,8 +106,20 @@ class TStatement {
   /// has one in it. Of a column it cannot be known.
   bool IsText(TRange Expression) const;
 
+  /// Texts joined by `+` or `||`, and the positions of these; what other arithmetic operators join to one of them
+  /// belongs to it.
+  struct TTextSum {
+    TRange All;
+    std::vector<std::size_t> Joins;
+  };
+  std::vector<TTextSum> TextSums() const;
+
   /// The positions of each `+` that joins texts.
   std::vector<std::size_t> TextJoins() const;
+
+  /// What is denied by the NOT that stands there before an operand: a whole comparison. Without ends for every other
+  /// word, a NOT in the midst of a comparison among them.
+  TRange Denied(std::size_t Not) const;
 
   std::vector<TLike> Likes() const;
   std::vector<TList<TSelectItem>> SelectLists() const;
@@ -120,6 +132,11 @@ class TStatement {
   bool IsArithmetic(std::size_t Position) const;
   bool IsJoin(std::size_t Position) const;
   bool IsTextOperand(TRange Operand) const;
+  bool IsNegatable(std::size_t Position) const;
+  bool IsComparison(std::size_t Position) const;
+  std::size_t FactorEnd(std::size_t First) const;
+  std::size_t FactorBegin(std::size_t Last) const;
+  std::size_t ComparisonEnd(std::size_t First) const;
   bool EndsList(std::size_t Position) const;
   std::size_t ListEnd(std::size_t First) const;
   std::vector<TRange> Split(std::size_t First, std::size_t End) const;

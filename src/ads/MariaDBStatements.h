@@ -1,0 +1,31 @@
+#pragma once
+
+namespace ads::mariadb {
+
+// The statements around a query of the pick lists, by whatever way the server is reached.
+
+/// Asks how the session stands: whether the host has a transaction open, at which level it would begin one, and in
+/// which character sets it writes and reads.
+inline constexpr char Look[] =
+    "SELECT @@in_transaction, @@tx_isolation, @@character_set_client, @@character_set_results";
+
+/// While the host has no transaction open. The first page of a list and the whole of it see one state of the data at
+/// the level `OneState`, which is set for the next transaction only, where the session has another.
+inline constexpr char OneState[] = "REPEATABLE-READ";
+inline constexpr char SetOneState[] = "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ";
+inline constexpr char Begin[] = "START TRANSACTION READ ONLY";
+/// Says what a setting of the session could make of it otherwise.
+inline constexpr char End[] = "ROLLBACK AND NO CHAIN NO RELEASE";
+
+/// Inside the host's transaction.
+inline constexpr char Savepoint[] = "SAVEPOINT zul_pick";
+inline constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick";
+inline constexpr char DropSavepoint[] = "RELEASE SAVEPOINT zul_pick";
+
+/// Before a query, whose values then come in UTF-8; for this one statement.
+inline constexpr char InUtf8[] = "SET STATEMENT character_set_results=utf8mb4 FOR ";
+
+/// The first release that has what the dialect needs, as the client library counts them.
+inline constexpr unsigned long FirstVersion = 101106;
+
+}  // namespace ads::mariadb

@@ -1,0 +1,213 @@
+#include "ads/MariaDBTalk.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <QString>
+#include <QStringDecoder>
+#include <algorithm>
+#include <array>
+#include <thread>
+#include <utility>
+
+#include "ads/Waiting.h"
+
+namespace ads {
+
+namespace {
+
+constexpr my_socket NoSocket = -1;
+
+// What a second connection to the same server needs, copied from the first one.
+class TSecondConnection {
+ public:
+  explicit TSecondConnection(const MYSQL* First)
+      : Host_(Text(First->host)),
+        User_(Text(First->user)),
+        Password_(Text(First->passwd)),
+        Socket_(Text(First->unix_socket)),
+        Port_(First->port),
+        Flags_(First->client_flag & (CLIENT_SSL | CLIENT_COMPRESS)),
+        Thread_(First->thread_id),
+        UsesTLS_(First->options.use_ssl),
+        Keys_{Text(First->options.ssl_key), Text(First->options.ssl_cert), Text(First->options.ssl_ca),
+              Text(First->options.ssl_capath), Text(First->options.ssl_cipher)} {
+    for (std::size_t Index = 0; Index < TextOptions.size(); ++Index) {
+      const char* Value = nullptr;
+      if (mysql_get_option(const_cast<MYSQL*>(First), TextOptions[Index], &Value) == 0) Texts_[Index] = Text(Value);
+    }
+    mysql_get_option(const_cast<MYSQL*>(First), MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &Verifies_);
+    mysql_get_option(const_cast<MYSQL*>(First), MYSQL_OPT_PROTOCOL, &Protocol_);
+  }
+
+  // A connection that cannot be made kills nothing; who waits for the statement's end does what follows then.
+  void Kill() const {
+    MYSQL* Second = mysql_init(nullptr);
+    if (Second == nullptr) return;
+    SetOptions(Second);
+    if (mysql_real_connect(Second, Host_.c_str(), OrNull(User_), OrNull(Password_), nullptr, Port_, OrNull(Socket_),
+                           Flags_) != nullptr) {
+      const std::string Sql = "KILL QUERY " + std::to_string(Thread_);
+      mysql_real_query(Second, Sql.data(), Sql.size());
+    }
+    mysql_close(Second);
+  }
+
+ private:
+  static constexpr std::array TextOptions = {MYSQL_PLUGIN_DIR,      MYSQL_DEFAULT_AUTH,      MYSQL_OPT_SSL_CRL,
+                                             MYSQL_OPT_SSL_CRLPATH, MARIADB_OPT_TLS_VERSION, MYSQL_SET_CHARSET_NAME,
+                                             MYSQL_OPT_BIND};
+
+  static std::string Text(const char* Value) { return Value == nullptr ? "" : Value; }
+  static const char* OrNull(const std::string& Value) { return Value.empty() ? nullptr : Value.c_str(); }
+
+  void SetOptions(MYSQL* Second) const {
+    constexpr unsigned Seconds = 2;
+    mysql_options(Second, MYSQL_OPT_CONNECT_TIMEOUT, &Seconds);
+    mysql_options(Second, MYSQL_OPT_READ_TIMEOUT, &Seconds);
+    mysql_options(Second, MYSQL_OPT_WRITE_TIMEOUT, &Seconds);
+    for (std::size_t Index = 0; Index < TextOptions.size(); ++Index) {
+      if (!Texts_[Index].empty()) mysql_options(Second, TextOptions[Index], Texts_[Index].c_str());
+    }
+    if (Protocol_ != 0) mysql_options(Second, MYSQL_OPT_PROTOCOL, &Protocol_);
+    if (!UsesTLS_) return;
+    mysql_ssl_set(Second, OrNull(Keys_[0]), OrNull(Keys_[1]), OrNull(Keys_[2]), OrNull(Keys_[3]), OrNull(Keys_[4]));
+    mysql_options(Second, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &Verifies_);
+  }
+
+  std::string Host_, User_, Password_, Socket_;
+  unsigned Port_;
+  unsigned long Flags_;
+  unsigned long Thread_;
+  bool UsesTLS_;
+  std::array<std::string, 5> Keys_;
+  std::array<std::string, TextOptions.size()> Texts_;
+  my_bool Verifies_ = 0;
+  unsigned Protocol_ = 0;
+};
+
+}  // namespace
+
+// A connection that was lost is not opened again in the midst of this, although the host may have allowed that for
+// its own statements: what it had set up would be missing.
+TMariaDBTalk::TMariaDBTalk(MYSQL* Handle) : Handle_(Handle) {
+  my_bool CanWait = 0;
+  mysql_get_option(Handle_, MYSQL_OPT_NONBLOCK, &CanWait);
+  if (!CanWait) mysql_options(Handle_, MYSQL_OPT_NONBLOCK, nullptr);
+  mysql_get_option(Handle_, MYSQL_OPT_RECONNECT, &Reconnects_);
+  constexpr my_bool Never = 0;
+  if (Reconnects_) mysql_options(Handle_, MYSQL_OPT_RECONNECT, &Never);
+}
+
+TMariaDBTalk::~TMariaDBTalk() {
+  if (Handle_ != nullptr && Reconnects_) mysql_options(Handle_, MYSQL_OPT_RECONNECT, &Reconnects_);
+}
+
+bool TMariaDBTalk::IsLost() const {
+  return mysql_get_socket(Handle_) == NoSocket;
+}
+
+bool TMariaDBTalk::IsBusy() const {
+  return Handle_->status != MYSQL_STATUS_READY || mysql_more_results(Handle_) != 0;
+}
+
+void TMariaDBTalk::Send(std::string Sql) {
+  Sql_ = std::move(Sql);
+  IsRow_ = false;
+  Note(mysql_real_query_start(&Code_, Handle_, Sql_.data(), Sql_.size()));
+}
+
+void TMariaDBTalk::AskRow() {
+  IsRow_ = true;
+  Note(mysql_fetch_row_start(&Row_, Result_.get()));
+}
+
+void TMariaDBTalk::Note(int Wait) {
+  Wait_ = Wait;
+  if (Wait_ != 0) Status_ = std::exchange(Handle_->status, MYSQL_STATUS_QUERY_SENT);
+  if ((Wait_ & MYSQL_WAIT_TIMEOUT) == 0) return;
+  TimesOut_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(mysql_get_timeout_value_ms(Handle_));
+}
+
+void TMariaDBTalk::Resume(int Events) {
+  Handle_->status = Status_;
+  Handle_->net.last_errno = 0;  // of a use that was refused meanwhile
+  Note(IsRow_ ? mysql_fetch_row_cont(&Row_, Result_.get(), Events) : mysql_real_query_cont(&Code_, Handle_, Events));
+}
+
+bool TMariaDBTalk::Await(TTime Until) {
+  while (Wait_ != 0) {
+    pollfd Socket{mysql_get_socket(Handle_), 0, 0};
+    if ((Wait_ & MYSQL_WAIT_READ) != 0) Socket.events |= POLLIN;
+    if ((Wait_ & MYSQL_WAIT_WRITE) != 0) Socket.events |= POLLOUT;
+    if ((Wait_ & MYSQL_WAIT_EXCEPT) != 0) Socket.events |= POLLPRI;
+    const bool HasLimit = (Wait_ & MYSQL_WAIT_TIMEOUT) != 0;
+    const int Ready = poll(&Socket, 1, MillisecondsUntil(HasLimit ? std::min(Until, TimesOut_) : Until));
+    if (Ready > 0) {
+      Resume(Wait_ & ~MYSQL_WAIT_TIMEOUT);
+    } else if (Ready == 0 && HasLimit && std::chrono::steady_clock::now() >= TimesOut_) {
+      Resume(MYSQL_WAIT_TIMEOUT);
+    } else if (Ready == 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// In UTF-8, or in the session's character set where a text could not even be taken apart.
+std::string TMariaDBTalk::Message() const {
+  const QByteArrayView Bytes(mysql_error(Handle_));
+  QStringDecoder Decoder(QStringDecoder::Utf8);
+  const QString Text = Decoder.decode(Bytes);
+  return (Decoder.hasError() ? QString::fromLatin1(Bytes) : Text).trimmed().toStdString();
+}
+
+MYSQL_RES* TMariaDBTalk::TakeResult() {
+  Row_ = nullptr;
+  Result_.reset(mysql_use_result(Handle_));
+  return Result_.get();
+}
+
+std::shared_future<void> TMariaDBTalk::Cancel() const {
+  std::promise<void> Heard;
+  std::shared_future<void> Result = Heard.get_future().share();
+  std::thread(
+      [](TSecondConnection Second, std::promise<void> Done) {
+        Second.Kill();
+        mysql_thread_end();
+        Done.set_value();
+      },
+      TSecondConnection(Handle_), std::move(Heard))
+      .detach();
+  return Result;
+}
+
+bool TMariaDBTalk::Drain(TTime Until) {
+  constexpr unsigned RowsBetweenClockReads = 256;
+  if (!Await(Until)) return false;
+  if (!IsRow_ && Code_ == 0 && Result_ == nullptr) TakeResult();
+  if (Result_ == nullptr) return true;
+  if (IsRow_ && Row_ == nullptr) return true;
+  for (unsigned Rows = 1;; ++Rows) {
+    AskRow();
+    if (!Await(Until)) return false;
+    if (Row_ == nullptr) return true;
+    if (Rows % RowsBetweenClockReads == 0 && std::chrono::steady_clock::now() >= Until) return false;
+  }
+}
+
+void TMariaDBTalk::Cut() {
+  constexpr std::chrono::milliseconds Moment(100);
+  if (IsLost()) return;
+  shutdown(mysql_get_socket(Handle_), SHUT_RDWR);
+  if (Wait_ == 0 && Result_ == nullptr) Send("DO 0");  // notices it
+  Drain(std::chrono::steady_clock::now() + Moment);
+  Wait_ = 0;
+}
+
+void TMariaDBTalk::Abandon() {
+  if (Result_ != nullptr) Result_->handle = nullptr;
+  Handle_ = nullptr;
+}
+
+}  // namespace ads
