@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "sample/SchemaSql.h"
+#include "sample/ServerCompanies.h"
 #include "sample/store/SQLiteSink.h"
 #include "sample/tables/Company.h"
 
@@ -90,6 +91,10 @@ void BuildFile(const std::string& FileName, bool Overwrite, const std::function<
 
 }  // namespace
 
+bool IsMariaDBAddress(std::string_view Address) {
+  return Address.starts_with("mysql://") || Address.starts_with("mariadb://");
+}
+
 const char* SchemaSql() {
   return SchemaText;
 }
@@ -121,6 +126,11 @@ void CreateCompany(const std::string& FileName, const TOptions& Options) {
     TSQLiteSink Sink(Handle);
     WriteCompany(Sink, Options);
   });
+}
+
+void CreateCompanyOnServer(const std::string& Address, const TOptions& Options) {
+  if (IsMariaDBAddress(Address)) return CreateCompanyOnMariaDB(Address, Options);
+  CreateCompanyOnPostgreSQL(Address, Options);
 }
 
 }  // namespace sample

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 struct sqlite3;
 
@@ -44,7 +45,10 @@ void CreateSchema(const std::string& FileName, bool Overwrite = false);
 /// does, and for a scale out of range. The file appears under its name only when it is complete.
 void CreateCompany(const std::string& FileName, const TOptions& Options = {});
 
-/// Creates the same company in a database of a PostgreSQL server, given by its address (postgresql://…). Throws
+/// Whether an address is one of a MariaDB server: mysql://… or mariadb://….
+bool IsMariaDBAddress(std::string_view Address);
+
+/// Creates the same company in a database of a server, given by its address (postgresql://… or mysql://…). Throws
 /// `std::runtime_error` when one of its tables is there already (unless `Overwrite`, which replaces them) and for every
 /// failure, which a build without PostgreSQL always is; the database is as it was then.
 void CreateCompanyOnServer(const std::string& Address, const TOptions& Options = {});

@@ -58,8 +58,9 @@ void TakeFileName(TCommand& Command, std::string_view Argument) {
 }
 
 void TakeAddress(TCommand& Command, std::string_view Address) {
-  if (!Address.starts_with("postgresql://") && !Address.starts_with("postgres://")) {
-    throw TUsageError("--db takes the postgresql:// address of a server's database.");
+  const bool IsPostgreSQL = Address.starts_with("postgresql://") || Address.starts_with("postgres://");
+  if (!IsPostgreSQL && !sample::IsMariaDBAddress(Address)) {
+    throw TUsageError("--db takes the postgresql:// or mysql:// address of a server's database.");
   }
   Command.Address = Address;
 }

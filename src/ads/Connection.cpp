@@ -25,6 +25,8 @@ const sql::TDialect& ODBCDialect(void* Handle) {
   switch (ODBCServer(Handle)) {
     case TODBCServer::PostgreSQL:
       return Shared<sql::TPostgreSQLDialect>();
+    case TODBCServer::MariaDB:
+      return Shared<sql::TMariaDBDialect>();
     case TODBCServer::SQLite:
       return Shared<sql::TPlainSQLiteDialect>();
     default:

@@ -137,13 +137,13 @@ std::unique_ptr<TCursor> NewMariaDBCursor(const QSqlDatabase& Database);
 void* ODBCHandle(const QSqlDatabase& Database);
 
 /// What the ODBC driver says that it talks to.
-enum class TODBCServer : std::uint8_t { PostgreSQL, SQLite, Other };
+enum class TODBCServer : std::uint8_t { PostgreSQL, MariaDB, SQLite, Other };
 TODBCServer ODBCServer(void* Handle);
 /// The name and the version of what it talks to, as the ODBC driver tells them.
 std::string ODBCServerName(void* Handle);
 std::string ODBCServerVersion(void* Handle);
 
-/// Reads through ODBC; on PostgreSQL as `NewPostgreSQLCursor` does.
+/// Reads through ODBC; on PostgreSQL and MariaDB as their own cursors do.
 std::unique_ptr<TCursor> NewODBCCursor(const QSqlDatabase& Database);
 
 /// Reads through Qt's generic result: any other server, and a SQLite library of the driver's own.

@@ -119,6 +119,7 @@ void TMariaDBTalk::Send(std::string Sql) {
 
 void TMariaDBTalk::AskRow() {
   IsRow_ = true;
+  Handle_->net.last_errno = 0;  // of a use that was refused since
   Note(mysql_fetch_row_start(&Row_, Result_.get()));
 }
 
@@ -131,7 +132,7 @@ void TMariaDBTalk::Note(int Wait) {
 
 void TMariaDBTalk::Resume(int Events) {
   Handle_->status = Status_;
-  Handle_->net.last_errno = 0;  // of a use that was refused meanwhile
+  Handle_->net.last_errno = 0;
   Note(IsRow_ ? mysql_fetch_row_cont(&Row_, Result_.get(), Events) : mysql_real_query_cont(&Code_, Handle_, Events));
 }
 

@@ -14,6 +14,7 @@
 
 #include "ads/Cursor.h"
 #include "ads/EDatabaseError.h"
+#include "ads/MariaDBStatements.h"
 #include "ads/PostgreSQLStatements.h"
 #include "ads/SQLLog.h"
 #include "zulcommon/Ascii.h"
@@ -205,9 +206,69 @@ bool ReadPieces(const TStatementHandle& Statement, int Column, SQLSMALLINT Type,
   return true;
 }
 
+/// What a query stands in on a server that has more than the driver's own calls for that.
+class TScopeByODBC {
+ public:
+  TScopeByODBC() = default;
+  virtual ~TScopeByODBC() = default;
+  TScopeByODBC(const TScopeByODBC&) = delete;
+  TScopeByODBC& operator=(const TScopeByODBC&) = delete;
+
+  /// The connection was closed, and the transaction with it.
+  virtual void Abandon() = 0;
+
+  /// Whether what was begun has lasted.
+  virtual bool IsStillOpen() { return true; }
+
+  /// Throws what the server has to say about a text that it cannot take, where a failure would cost more than that.
+  virtual void Check(const std::string&) const {}
+};
+
+/// On a MariaDB server, as `TMariaDBCursor`'s. The driver's autocommit being off begins no transaction by itself, and
+/// ending one is no more than what the session would do.
+class TMariaDBByODBC final : public TScopeByODBC {
+ public:
+  explicit TMariaDBByODBC(SQLHDBC Connection) : Connection_(Connection) {
+    Look();
+    if (!InHostsTransaction_ && !SeesOneState_) Execute(mariadb::SetOneState);
+    Execute(InHostsTransaction_ ? mariadb::Savepoint : mariadb::Begin);
+  }
+  ~TMariaDBByODBC() override {
+    if (Connection_ == nullptr) return;
+    try {
+      Execute(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
+      if (InHostsTransaction_) Execute(mariadb::DropSavepoint);
+    } catch (const EDatabaseError&) {
+      // The connection is lost, or the server has ended the transaction.
+    }
+  }
+
+  void Abandon() override { Connection_ = nullptr; }
+
+ private:
+  void Execute(const char* Sql) const { TStatementHandle(Connection_).Execute(Sql); }
+
+  void Look() {
+    TStatementHandle Statement(Connection_);
+    Statement.Execute(mariadb::Look);
+    if (!Statement.Fetch()) return;
+    SQLINTEGER Inside = 0;
+    SQLCHAR Level[32] = {};
+    SQLLEN Bytes = 0;
+    SQLGetData(Statement.Get(), 1, SQL_C_SLONG, &Inside, sizeof Inside, &Bytes);
+    SQLGetData(Statement.Get(), 2, SQL_C_CHAR, Level, sizeof Level, &Bytes);
+    InHostsTransaction_ = Inside != 0;
+    SeesOneState_ = std::strcmp(reinterpret_cast<const char*>(Level), mariadb::OneState) == 0;
+  }
+
+  SQLHDBC Connection_;
+  bool InHostsTransaction_ = false;
+  bool SeesOneState_ = false;
+};
+
 /// What a query stands in on a PostgreSQL server, as `TPostgreSQLScope`, but by statements: the driver's own calls for
 /// transactions cannot tell whether the host has begun one by a statement.
-class TPostgreSQLByODBC {
+class TPostgreSQLByODBC final : public TScopeByODBC {
  public:
   explicit TPostgreSQLByODBC(SQLHDBC Connection) : Connection_(Connection), InHostsTransaction_(IsInTransaction()) {
     // In one text, because the driver encloses each in a savepoint of its own, which would end the reading mode.
@@ -222,18 +283,15 @@ class TPostgreSQLByODBC {
       throw;
     }
   }
-  ~TPostgreSQLByODBC() {
+  ~TPostgreSQLByODBC() override {
     if (Connection_ != nullptr) End();
   }
-  TPostgreSQLByODBC(const TPostgreSQLByODBC&) = delete;
-  TPostgreSQLByODBC& operator=(const TPostgreSQLByODBC&) = delete;
 
-  /// The connection was closed, and the transaction with it.
-  void Abandon() { Connection_ = nullptr; }
+  void Abandon() override { Connection_ = nullptr; }
 
-  /// Whether what was begun has lasted: a failing statement of the host's may have ended it, and with it the rows of a
-  /// list whose driver reads them in portions, without a word.
-  bool IsStillOpen() {
+  /// A failing statement of the host's may have ended it, and with it the rows of a list whose driver reads them in
+  /// portions, without a word.
+  bool IsStillOpen() override {
     bool Open = false;
     try {
       Open = Mark() == Mark_;
@@ -244,10 +302,10 @@ class TPostgreSQLByODBC {
     return Open;
   }
 
-  /// Throws what the server has to say about a text that it cannot take. The driver ends the host's transaction over a
+  /// The driver ends the host's transaction over a
   /// text that is no SQL at all, because its own savepoint, sent together with the text, fails with it; so the server
   /// is asked what columns the text would give, and sees it as a mere argument.
-  void Check(const std::string& Sql) const {
+  void Check(const std::string& Sql) const override {
     if (!InHostsTransaction_) return;
     std::string Argument = "E'";
     for (const char Byte : Sql) Argument.append(Byte == '\'' || Byte == '\\' ? 2 : 1, Byte);
@@ -381,13 +439,17 @@ class TODBCCursor final : public TCursor {
     Statement_.reset();
     Columns_.clear();
     HasExecuted_ = false;
-    if (Server_ == TODBCServer::PostgreSQL) {
-      if (!Scope_) Scope_.emplace(Connection_);
-      Scope_->Check(Sql);
-    }
+    if (!Scope_) Scope_ = NewScope();
+    if (Scope_) Scope_->Check(Sql);
     Statement_.emplace(Connection_);
     AsBytes_ = Server_ == TODBCServer::SQLite && !std::all_of(Sql.begin(), Sql.end(), zulcommon::IsAscii) &&
                !TakesWideTexts(Connection_);
+  }
+
+  std::unique_ptr<TScopeByODBC> NewScope() const {
+    if (Server_ == TODBCServer::PostgreSQL) return std::make_unique<TPostgreSQLByODBC>(Connection_);
+    if (Server_ == TODBCServer::MariaDB) return std::make_unique<TMariaDBByODBC>(Connection_);
+    return nullptr;
   }
 
   // Ends what is left of a connection that the host has closed. Closing frees the statements of a connection, and not
@@ -488,7 +550,7 @@ class TODBCCursor final : public TCursor {
   QSqlDatabase Database_;
   SQLHDBC Connection_;
   TODBCServer Server_;
-  std::optional<TPostgreSQLByODBC> Scope_;
+  std::unique_ptr<TScopeByODBC> Scope_;
   std::optional<TStatementHandle> Statement_;
   std::string Sql_;
   bool AsBytes_ = false;
@@ -531,6 +593,7 @@ std::string ODBCServerVersion(void* Handle) {
 TODBCServer ODBCServer(void* Handle) {
   const std::string Server = ODBCServerName(Handle);
   if (Server.starts_with("PostgreSQL")) return TODBCServer::PostgreSQL;
+  if (Server.starts_with("MariaDB")) return TODBCServer::MariaDB;
   return Server.starts_with("SQLite") ? TODBCServer::SQLite : TODBCServer::Other;
 }
 

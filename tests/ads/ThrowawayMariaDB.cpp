@@ -106,7 +106,8 @@ bool TThrowawayMariaDB::Start() {
   Server_.start(Find("mariadbd"),
                 AsAccount({"--datadir=" + Folder_.filePath("data"), "--socket=" + Socket(),
                            "--pid-file=" + Folder_.filePath("pid"), "--bind-address=127.0.0.1",
-                           "--port=" + QString::number(Port_), "--innodb-flush-log-at-trx-commit=0",
+                           "--port=" + QString::number(Port_), "--innodb-flush-log-at-trx-commit=0", "--debug-no-sync",
+                           "--skip-innodb-doublewrite",
                            "--innodb-buffer-pool-size=256M", "--skip-log-bin", "--character-set-server=utf8mb4",
                            "--collation-server=utf8mb4_nopad_bin"}));
   QElapsedTimer Waiting;

@@ -14,7 +14,9 @@ namespace support {
 
 namespace {
 
-constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";  // the name under which its package registers the driver
+// The names under which their packages register the drivers.
+constexpr char PostgreSQLODBC[] = "PostgreSQL Unicode";
+constexpr char MariaDBODBC[] = "MariaDB Unicode";
 
 QString DriverOf(TBackendKind Kind) {
   switch (Kind) {
@@ -23,6 +25,8 @@ QString DriverOf(TBackendKind Kind) {
       return QStringLiteral("QSQLITE");
     case TBackendKind::PostgreSQL:
       return QStringLiteral("QPSQL");
+    case TBackendKind::MariaDB:
+      return QStringLiteral("QMYSQL");
     default:
       return QStringLiteral("QODBC");
   }
@@ -68,6 +72,10 @@ const char* NameOf(TBackendKind Kind) {
       return "SQLite by ODBC";
     case TBackendKind::OtherSQLite:
       return "SQLite of another build";
+    case TBackendKind::MariaDB:
+      return "MariaDB";
+    case TBackendKind::ODBCMariaDB:
+      return "MariaDB by ODBC";
     default:
       return "PostgreSQL by ODBC";
   }
@@ -76,6 +84,8 @@ const char* NameOf(TBackendKind Kind) {
 bool IsOnPostgreSQL(TBackendKind Kind) {
   return Kind == TBackendKind::PostgreSQL || Kind == TBackendKind::ODBCPostgreSQL;
 }
+
+bool IsOnMariaDB(TBackendKind Kind) { return Kind == TBackendKind::MariaDB || Kind == TBackendKind::ODBCMariaDB; }
 
 TBackend::TBackend(TBackendKind Kind, QSqlDatabase Database, QSqlDatabase Beside, std::unique_ptr<QTemporaryDir> Folder)
     : Kind_(Kind), Folder_(std::move(Folder)), Database_(std::move(Database)), Beside_(std::move(Beside)) {
@@ -111,6 +121,7 @@ TBackends::~TBackends() = default;
 
 QString TBackends::Missing(TBackendKind Kind) {
   if (IsOnPostgreSQL(Kind) && !Server_->IsRunning()) return Server_->Reason();
+  if (IsOnMariaDB(Kind) && !MariaDB().IsRunning()) return MariaDB().Reason();
   if (!QSqlDatabase::isDriverAvailable(DriverOf(Kind))) {
     return QStringLiteral("Qt's driver %1 is not installed").arg(DriverOf(Kind));
   }
@@ -119,6 +130,8 @@ QString TBackends::Missing(TBackendKind Kind) {
     Opens(Connect(Kind, CompanyFile(), {}, {}), Reason);
   } else if (Kind == TBackendKind::ODBCPostgreSQL) {
     Opens(Connect(Kind, QStringLiteral("postgres"), {}, {}), Reason);
+  } else if (Kind == TBackendKind::ODBCMariaDB) {
+    Opens(Connect(Kind, QStringLiteral("test"), {}, {}), Reason);
   }
   return Reason;
 }
@@ -133,6 +146,32 @@ QString TBackends::NewServerDatabase() {
   const QString Name = QStringLiteral("company_%1").arg(++Databases_);
   QSqlDatabase Database = Server_->Connect(QUuid::createUuid().toString());
   TBackend::Execute(Database, QStringLiteral("CREATE DATABASE %1 TEMPLATE company").arg(Name));
+  Close(Database);
+  return Name;
+}
+
+TThrowawayMariaDB& TBackends::MariaDB() {
+  if (MariaDB_ == nullptr) MariaDB_ = std::make_unique<TThrowawayMariaDB>();
+  return *MariaDB_;
+}
+
+QString TBackends::NewMariaDBDatabase() {
+  const QString Name = QStringLiteral("company_%1").arg(++Databases_);
+  QSqlDatabase Database = MariaDB().Connect(QUuid::createUuid().toString());
+  if (!HasMariaDBCompany_) {
+    TBackend::Execute(Database, QStringLiteral("CREATE DATABASE company"));
+    sample::CreateCompanyOnServer(MariaDB().Address(QStringLiteral("company")));
+    HasMariaDBCompany_ = true;
+  }
+  TBackend::Execute(Database, QStringLiteral("CREATE DATABASE %1").arg(Name));
+  QSqlQuery Tables(QStringLiteral("SELECT table_name FROM information_schema.tables WHERE table_schema = 'company'"),
+                   Database);
+  while (Tables.next()) {
+    const QString Table = Tables.value(0).toString();
+    TBackend::Execute(Database, QStringLiteral("CREATE TABLE %1.`%2` LIKE company.`%2`").arg(Name, Table));
+    TBackend::Execute(Database, QStringLiteral("INSERT INTO %1.`%2` SELECT * FROM company.`%2`").arg(Name, Table));
+  }
+  Tables.clear();
   Close(Database);
   return Name;
 }
@@ -157,6 +196,17 @@ QSqlDatabase TBackends::Connect(TBackendKind Kind, const QString& Name, const QS
       Database.setDatabaseName(QStringLiteral("DRIVER={%1};Servername=%2;Database=%3;Uid=%4;%5")
                                    .arg(PostgreSQLODBC, Server_->Host(), Name, Account, Options));
       break;
+    case TBackendKind::MariaDB:
+      Database.setDatabaseName(Name);
+      Database.setUserName(Account);
+      Database.setConnectOptions(QStringLiteral("UNIX_SOCKET=%1").arg(MariaDB().Socket()) +
+                                 (Options.isEmpty() ? QString() : QLatin1Char(';') + Options));
+      break;
+    case TBackendKind::ODBCMariaDB:
+      Database.setDatabaseName(QStringLiteral("DRIVER={%1};SOCKET=%2;DATABASE=%3;UID=%4%5")
+                                   .arg(MariaDBODBC, MariaDB().Socket(), Name, Account,
+                                        Options.isEmpty() ? QString() : QLatin1Char(';') + Options));
+      break;
   }
   if (Database.open() && Kind == TBackendKind::OtherSQLite) BecomeAnotherBuild(Database);
   return Database;
@@ -171,10 +221,14 @@ std::unique_ptr<TBackend> TBackends::Open(TBackendKind Kind, const QString& Opti
   QString Name = Folder->filePath(QStringLiteral("company.db"));
   if (IsOnPostgreSQL(Kind)) {
     Name = NewServerDatabase();
+  } else if (IsOnMariaDB(Kind)) {
+    Name = NewMariaDBDatabase();
   } else if (!QFile::copy(CompanyFile(), Name)) {
     qFatal("The sample company cannot be copied.");
   }
-  const TBackendKind Own = IsOnPostgreSQL(Kind) ? TBackendKind::PostgreSQL : TBackendKind::SQLite;
+  const TBackendKind Own = IsOnPostgreSQL(Kind) ? TBackendKind::PostgreSQL
+                           : IsOnMariaDB(Kind)  ? TBackendKind::MariaDB
+                                                : TBackendKind::SQLite;
   QSqlDatabase Database = Connect(Kind, Name, {}, Options);
   if (!Database.isOpen()) qFatal("%s", qPrintable(Database.lastError().text()));
   QSqlDatabase Beside = Connect(Own, Name, {}, {});

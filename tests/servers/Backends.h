@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "ads/Connection.h"
+#include "ads/ThrowawayMariaDB.h"
 #include "ads/ThrowawayPostgreSQL.h"
 
 namespace support {
 
 /// The kinds of connection over which a pick must give the same.
-enum class TBackendKind { SQLite, PostgreSQL, ODBCSQLite, ODBCPostgreSQL, OtherSQLite };
+enum class TBackendKind { SQLite, PostgreSQL, ODBCSQLite, ODBCPostgreSQL, OtherSQLite, MariaDB, ODBCMariaDB };
 
 inline constexpr TBackendKind AllBackends[] = {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::ODBCSQLite,
                                                TBackendKind::ODBCPostgreSQL};
@@ -25,11 +26,18 @@ inline constexpr TBackendKind AllAndOtherSQLite[] = {TBackendKind::SQLite, TBack
                                                      TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
                                                      TBackendKind::OtherSQLite};
 
+/// All of them with those on a MariaDB server, which the tests that watch a server by its own means leave out.
+inline constexpr TBackendKind EveryBackend[] = {TBackendKind::SQLite,     TBackendKind::PostgreSQL,
+                                                TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
+                                                TBackendKind::OtherSQLite, TBackendKind::MariaDB, TBackendKind::ODBCMariaDB};
+
 /// To name a test's row after.
 const char* NameOf(TBackendKind Kind);
 
 /// Whether the data lie on the PostgreSQL server.
 bool IsOnPostgreSQL(TBackendKind Kind);
+
+bool IsOnMariaDB(TBackendKind Kind);
 
 /// A sample company of its own behind one kind of connection, open as a host would have it, for a test to pick from and
 /// to change.
@@ -45,7 +53,7 @@ class TBackend {
   QSqlDatabase Database() const { return Database_; }
   ads::TAdsConnection* Connection() { return Connection_.get(); }
 
-  /// Another connection to the same data by Qt's own driver (QSQLITE or QPSQL), for watching what the host's leaves
+  /// Another connection to the same data by Qt's own driver (QSQLITE, QPSQL or QMYSQL), for watching what the host's leaves
   /// behind.
   QSqlDatabase Beside() const { return Beside_; }
 
@@ -69,8 +77,8 @@ class TBackend {
   std::unique_ptr<ads::TAdsConnection> Connection_;
 };
 
-/// The four kinds of connection, with a PostgreSQL server of the test program's own; one of these a program. The
-/// company is generated once a kind and copied for each backend.
+/// The kinds of connection, with a PostgreSQL server and, once it is asked for, a MariaDB server of the test program's
+/// own; one of these a program. The company is generated once a server and copied for each backend.
 class TBackends {
  public:
   TBackends();
@@ -87,17 +95,23 @@ class TBackends {
 
   TThrowawayPostgreSQL& Server() { return *Server_; }
 
+  /// The MariaDB server.
+  TThrowawayMariaDB& MariaDB();
+
   /// From here on SQLite is reached by ODBC through another driver, which is SQLite's in the end; named by its file.
   void UseSQLiteDriver(const QString& FileName) { SQLiteDriver_ = FileName; }
 
  private:
   QString CompanyFile();
   QString NewServerDatabase();
+  QString NewMariaDBDatabase();
   QSqlDatabase Connect(TBackendKind Kind, const QString& Name, const QString& User, const QString& Options);
 
   QTemporaryDir Folder_;
   std::unique_ptr<TThrowawayPostgreSQL> Server_;
+  std::unique_ptr<TThrowawayMariaDB> MariaDB_;
   QString SQLiteDriver_ = QStringLiteral("{SQLite3}");  // as its package registers it
+  bool HasMariaDBCompany_ = false;
   int Databases_ = 0;
 };
 

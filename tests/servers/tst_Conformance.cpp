@@ -298,7 +298,7 @@ class tst_Conformance : public QObject {
  private slots:
   void initTestCase() {
     All_ = std::make_unique<support::TBackends>();
-    for (const TBackendKind Kind : support::AllAndOtherSQLite) {
+    for (const TBackendKind Kind : support::EveryBackend) {
       if (All_->Missing(Kind).isEmpty()) Backends_.push_back(All_->Open(Kind));
     }
     QVERIFY(!Backends_.empty());
@@ -311,7 +311,7 @@ class tst_Conformance : public QObject {
 
   void shouldCompareEveryBackend_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllAndOtherSQLite) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void shouldCompareEveryBackend() {
     QFETCH(TBackendKind, Kind);

@@ -1,10 +1,10 @@
-#include "sample/SampleCompany.h"
+#include "sample/ServerCompanies.h"
 #include "sample/store/PostgreSQLSink.h"
 #include "sample/tables/Company.h"
 
 namespace sample {
 
-void CreateCompanyOnServer(const std::string& Address, const TOptions& Options) {
+void CreateCompanyOnPostgreSQL(const std::string& Address, const TOptions& Options) {
   using TExisting = TPostgreSQLSink::TExisting;
   const TPostgreSQLHandle Handle = OpenServer(Address);
   TPostgreSQLSink Sink(Handle.get(), Options.Overwrite ? TExisting::Replace : TExisting::Refuse);

@@ -1,0 +1,12 @@
+// In place of MariaDBCompany.cpp, in a build that was configured without MariaDB.
+#include <stdexcept>
+
+#include "sample/ServerCompanies.h"
+
+namespace sample {
+
+void CreateCompanyOnMariaDB(const std::string&, const TOptions&) {
+  throw std::runtime_error("Only a file can be written: this was built without MariaDB (ZUL_WITH_MARIADB).");
+}
+
+}  // namespace sample
