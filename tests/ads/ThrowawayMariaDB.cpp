@@ -47,6 +47,10 @@ int FreePort() {
 }  // namespace
 
 TThrowawayMariaDB::TThrowawayMariaDB() {
+#ifdef ZUL_WITHOUT_MARIADB
+  Reason_ = "The libraries were built without MariaDB";
+  return;
+#endif
   if (Find("mariadbd").isEmpty() || Find("mariadb-install-db").isEmpty()) {
     Reason_ = "MariaDB's server is not installed";
   } else if (!QSqlDatabase::isDriverAvailable("QMYSQL")) {
