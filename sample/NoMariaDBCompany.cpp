@@ -6,7 +6,7 @@
 namespace sample {
 
 void CreateCompanyOnMariaDB(const std::string&, const TOptions&) {
-  throw std::runtime_error("Only a file can be written: this was built without MariaDB (ZUL_WITH_MARIADB).");
+  throw std::runtime_error("No company can be written there: this was built without MariaDB (ZUL_WITH_MARIADB).");
 }
 
 }  // namespace sample

@@ -6,7 +6,7 @@
 namespace sample {
 
 void CreateCompanyOnPostgreSQL(const std::string&, const TOptions&) {
-  throw std::runtime_error("Only a file can be written: this was built without PostgreSQL (ZUL_WITH_POSTGRESQL).");
+  throw std::runtime_error("No company can be written there: this was built without PostgreSQL (ZUL_WITH_POSTGRESQL).");
 }
 
 }  // namespace sample

@@ -2,6 +2,8 @@
 #include <chrono>
 #include <exception>
 #include <future>
+#include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +14,7 @@
 #include "ads/MariaDBTalk.h"
 #include "ads/MariaDBValues.h"
 #include "ads/RunningCursors.h"
+#include "ads/SQLLog.h"
 #include "zulcommon/Ascii.h"
 
 namespace ads {
@@ -61,6 +64,26 @@ class TMariaDBCursor final : public TCursor {
   }
 
   bool IsShareable() const override { return false; }
+
+  // Preparing reads and locks nothing, so it needs no transaction.
+  std::vector<std::string> Prepare(const std::string& Sql) override {
+    Running().MakeWayFor(Talk_.Handle(), this);
+    RequireFree();
+    const TStatement Statement(mysql_stmt_init(Talk_.Handle()));
+    if (Statement == nullptr) throw std::bad_alloc();
+    if (mysql_stmt_prepare(Statement.get(), Sql.data(), static_cast<unsigned long>(Sql.size())) != 0) {
+      const std::string Message = mysql_stmt_error(Statement.get());
+      if (IsGone(mysql_stmt_errno(Statement.get()))) RaiseConnectionLost(Message);
+      throw EDatabaseError(Message);
+    }
+    const TColumns Columns(mysql_stmt_result_metadata(Statement.get()));
+    std::vector<std::string> Names;
+    const unsigned Count = Columns == nullptr ? 0 : mysql_num_fields(Columns.get());
+    for (unsigned Column = 0; Column < Count; ++Column) {
+      Names.emplace_back(mysql_fetch_field_direct(Columns.get(), Column)->name);
+    }
+    return Names;
+  }
 
   void Begin(const std::string& Sql) override {
     Sql_ = Sql;
@@ -135,10 +158,26 @@ class TMariaDBCursor final : public TCursor {
   TMariaDBShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
   std::string_view Value(int Column) const { return Values_[static_cast<std::size_t>(Column)]; }
 
-  void Look() {
+  struct TEnd {
+    void operator()(MYSQL_STMT* Statement) const { mysql_stmt_close(Statement); }
+    void operator()(MYSQL_RES* Columns) const { mysql_free_result(Columns); }
+  };
+  using TStatement = std::unique_ptr<MYSQL_STMT, TEnd>;
+  using TColumns = std::unique_ptr<MYSQL_RES, TEnd>;
+
+  void RequireFree() const {
     if (Talk_.IsLost()) RaiseConnectionLost(Talk_.Message());
     if (Talk_.IsBusy()) throw EDatabaseError("The rows of another query are still being read from this connection.");
-    Talk_.Send(mariadb::Look);
+  }
+
+  void SendOwn(const std::string& Sql) {
+    LogOwn(Sql);
+    Talk_.Send(Sql);
+  }
+
+  void Look() {
+    RequireFree();
+    SendOwn(mariadb::Look);
     Phase_ = TPhase::Looking;
     Running().Set(Talk_.Handle(), this);
   }
@@ -213,11 +252,11 @@ class TMariaDBCursor final : public TCursor {
     Phase_ = TPhase::Opening;
     IsOpened_ = false;
     if (InHostsTransaction_ || SeesOneState_) return Open();
-    Talk_.Send(mariadb::SetOneState);
+    SendOwn(mariadb::SetOneState);
   }
 
   void Open() {
-    Talk_.Send(InHostsTransaction_ ? mariadb::Savepoint : mariadb::Begin);
+    SendOwn(InHostsTransaction_ ? mariadb::Savepoint : mariadb::Begin);
     IsOpened_ = true;
   }
 
@@ -238,7 +277,7 @@ class TMariaDBCursor final : public TCursor {
     // What cannot be ended has been ended by the server, or by the host.
     if (InHostsTransaction_ && !IsBack_ && Talk_.Failure() == 0) {
       IsBack_ = true;
-      return Talk_.Send(mariadb::DropSavepoint);
+      return SendOwn(mariadb::DropSavepoint);
     }
     GoIdle();
   }
@@ -331,7 +370,7 @@ class TMariaDBCursor final : public TCursor {
   void CloseScope() {
     Talk_.DropResult();
     IsBack_ = false;
-    Talk_.Send(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
+    SendOwn(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
     Phase_ = TPhase::Closing;
   }
 

@@ -56,13 +56,15 @@ try() {
 }
 
 without_postgresql=(-DZUL_WITH_POSTGRESQL=OFF -DCMAKE_DISABLE_FIND_PACKAGE_PostgreSQL=ON)
+without_mariadb=(-DZUL_WITH_MARIADB=OFF -DCMAKE_DISABLE_FIND_PACKAGE_MariaDB=ON)
 without_odbc=(-DZUL_WITH_ODBC=OFF -DCMAKE_DISABLE_FIND_PACKAGE_ODBC=ON)
 
+refused "configure with -DZUL_WITH_MARIADB=OFF" refused -DCMAKE_DISABLE_FIND_PACKAGE_MariaDB=ON
 refused "configure with -DZUL_WITH_POSTGRESQL=OFF" refused -DCMAKE_DISABLE_FIND_PACKAGE_PostgreSQL=ON
 refused "Debian's package unixodbc-dev" refused -DCMAKE_DISABLE_FIND_PACKAGE_ODBC=ON
 refused "shared libraries only" refused -DBUILD_SHARED_LIBS=OFF
 
-quietly configure odbc "${without_postgresql[@]}" -DZUL_BUILD_TESTS=OFF
+quietly configure odbc "${without_postgresql[@]}" "${without_mariadb[@]}" -DZUL_BUILD_TESTS=OFF
 quietly "$cmake" --build "$work/odbc" --target ZULAds zulsample
 try odbc no yes
 quietly configure postgresql "${without_odbc[@]}" -DZUL_BUILD_TESTS=OFF
@@ -71,7 +73,7 @@ try postgresql yes no
 
 # Everything that is installed, without both, and some tests of what is left.
 tests=(tst_LeftOutDatabases tst_DataSet tst_SampleProgram tst_Zulpick tst_PickCustomer)
-quietly configure sqlite "${without_postgresql[@]}" "${without_odbc[@]}"
+quietly configure sqlite "${without_postgresql[@]}" "${without_odbc[@]}" "${without_mariadb[@]}"
 quietly "$cmake" --build "$work/sqlite" --target zul_install "${tests[@]}"
 try sqlite no no
 for test in "${tests[@]}"; do quietly "$work/sqlite/tests/$test"; done
