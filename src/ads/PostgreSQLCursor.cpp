@@ -67,7 +67,7 @@ class TPostgreSQLCursor final : public TCursor {
 
   // The statement without a name is gone with the next text that is sent, which is the end of what it stands in.
   std::vector<std::string> Prepare(const std::string& Sql) override {
-    LetOthersMakeWay();
+    Running().MakeWayFor(Talk_.Handle(), this);
     OpenScope();
     PassTo(TPhase::Asking);
     std::vector<std::string> Names;
