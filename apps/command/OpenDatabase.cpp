@@ -113,7 +113,8 @@ TTarget MariaDBTarget(const QString& Address) {
       Target.Password = Value;
       continue;
     }
-    if (!IsName.match(Name).hasMatch() || Value.contains(QLatin1Char(';'))) RefuseServerAddress(QStringLiteral("mysql"));
+    if (!IsName.match(Name).hasMatch() || Value.contains(QLatin1Char(';')))
+      RefuseServerAddress(QStringLiteral("mysql"));
     Options.append(Name.toUpper() + QLatin1Char('=') + Value);
   }
   Target.Options = Options.join(QLatin1Char(';'));

@@ -20,8 +20,9 @@ class EOpenError : public std::runtime_error {
 
 /// A database that a program opens for itself, as a host would, and closes at the end.
 ///
-/// An address is the name of a SQLite file, a postgresql:// or mysql:// address or "odbc:" with a data source. A file that does not
-/// exist is not created, and one that may only be read is opened all the same. Needs the application object.
+/// An address is the name of a SQLite file, a postgresql:// or mysql:// address or "odbc:" with a data source. A file
+/// that does not exist is not created, and one that may only be read is opened all the same. Needs the application
+/// object.
 class TDatabase {
  public:
   /// Throws `EOpenError`.

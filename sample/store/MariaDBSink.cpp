@@ -63,8 +63,8 @@ TAddress ReadAddress(std::string_view Text) {
     Server.remove_prefix(At + 1);
   }
   Address.Host = Decoded(TakeUntil(Server, ':'));
-  if (!Server.empty() &&
-      std::from_chars(Server.data(), Server.data() + Server.size(), Address.Port).ptr != Server.data() + Server.size()) {
+  if (!Server.empty() && std::from_chars(Server.data(), Server.data() + Server.size(), Address.Port).ptr !=
+                             Server.data() + Server.size()) {
     RefuseAddress();
   }
   Address.Database = Decoded(TakeUntil(Text, '?'));
@@ -187,8 +187,8 @@ void TMariaDBSink::Execute(const std::string& Sql) {
 }
 
 bool TMariaDBSink::Exists(const std::string& Table) {
-  const std::string Sql = "SELECT 1 FROM information_schema.tables WHERE table_schema = DATABASE() AND table_name = '" +
-                          Lower(Table) + "'";
+  const std::string Sql =
+      "SELECT 1 FROM information_schema.tables WHERE table_schema = DATABASE() AND table_name = '" + Lower(Table) + "'";
   if (mysql_real_query(Handle_, Sql.data(), Sql.size()) != 0) {
     Fail(Handle_);
   }

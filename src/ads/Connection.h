@@ -29,8 +29,8 @@ struct TListStatements {
 /// is what the host's own transaction sees. Never opens, closes, begins, commits or configures anything that the host
 /// could notice: a SQLite connection is only given two SQL functions of its own (`zul_upper`, `zul_like`), which stay
 /// with it until it is closed; not one whose driver has another SQLite library than this program. On PostgreSQL and
-/// MariaDB, by their own drivers or by ODBC, a query runs in a reading transaction of its own while the host has none open, and behind a
-/// savepoint within the host's; both are gone when its rows are read.
+/// MariaDB, by their own drivers or by ODBC, a query runs in a reading transaction of its own while the host has none
+/// open, and behind a savepoint within the host's; both are gone when its rows are read.
 ///
 /// A connection that was lost is not opened again here, because what the host had set up in it would be missing:
 /// reading fails until the host has opened it.

@@ -111,9 +111,8 @@ bool TThrowawayMariaDB::Start() {
                 AsAccount({"--datadir=" + Folder_.filePath("data"), "--socket=" + Socket(),
                            "--pid-file=" + Folder_.filePath("pid"), "--bind-address=127.0.0.1",
                            "--port=" + QString::number(Port_), "--innodb-flush-log-at-trx-commit=0", "--debug-no-sync",
-                           "--skip-innodb-doublewrite",
-                           "--innodb-buffer-pool-size=256M", "--skip-log-bin", "--character-set-server=utf8mb4",
-                           "--collation-server=utf8mb4_nopad_bin"}));
+                           "--skip-innodb-doublewrite", "--innodb-buffer-pool-size=256M", "--skip-log-bin",
+                           "--character-set-server=utf8mb4", "--collation-server=utf8mb4_nopad_bin"}));
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 30000; QThread::msleep(50)) {
     const bool Answers = Connect("ThrowawayMariaDB").isOpen();

@@ -85,7 +85,9 @@ bool IsOnPostgreSQL(TBackendKind Kind) {
   return Kind == TBackendKind::PostgreSQL || Kind == TBackendKind::ODBCPostgreSQL;
 }
 
-bool IsOnMariaDB(TBackendKind Kind) { return Kind == TBackendKind::MariaDB || Kind == TBackendKind::ODBCMariaDB; }
+bool IsOnMariaDB(TBackendKind Kind) {
+  return Kind == TBackendKind::MariaDB || Kind == TBackendKind::ODBCMariaDB;
+}
 
 TBackend::TBackend(TBackendKind Kind, QSqlDatabase Database, QSqlDatabase Beside, std::unique_ptr<QTemporaryDir> Folder)
     : Kind_(Kind), Folder_(std::move(Folder)), Database_(std::move(Database)), Beside_(std::move(Beside)) {

@@ -27,9 +27,9 @@ inline constexpr TBackendKind AllAndOtherSQLite[] = {TBackendKind::SQLite, TBack
                                                      TBackendKind::OtherSQLite};
 
 /// All of them with those on a MariaDB server, which the tests that watch a server by its own means leave out.
-inline constexpr TBackendKind EveryBackend[] = {TBackendKind::SQLite,     TBackendKind::PostgreSQL,
-                                                TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
-                                                TBackendKind::OtherSQLite, TBackendKind::MariaDB, TBackendKind::ODBCMariaDB};
+inline constexpr TBackendKind EveryBackend[] = {
+    TBackendKind::SQLite,      TBackendKind::PostgreSQL, TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
+    TBackendKind::OtherSQLite, TBackendKind::MariaDB,    TBackendKind::ODBCMariaDB};
 
 /// To name a test's row after.
 const char* NameOf(TBackendKind Kind);
@@ -53,8 +53,8 @@ class TBackend {
   QSqlDatabase Database() const { return Database_; }
   ads::TAdsConnection* Connection() { return Connection_.get(); }
 
-  /// Another connection to the same data by Qt's own driver (QSQLITE, QPSQL or QMYSQL), for watching what the host's leaves
-  /// behind.
+  /// Another connection to the same data by Qt's own driver (QSQLITE, QPSQL or QMYSQL), for watching what the host's
+  /// leaves behind.
   QSqlDatabase Beside() const { return Beside_; }
 
   /// Run a statement of the server's own SQL; the test program ends when it fails.

@@ -36,8 +36,9 @@ namespace {
 // A stop is answered at once; this is what a busy machine may take.
 constexpr qint64 Moment = 3000;
 
-const TListSource Slow("UPPER(A.ID)",
-                       "Cust A, Cust B, Cust C WHERE UPPER(A.Company + '-' + B.Company + '-' + C.Company) LIKE '%NOWHERE%'");
+const TListSource Slow(
+    "UPPER(A.ID)",
+    "Cust A, Cust B, Cust C WHERE UPPER(A.Company + '-' + B.Company + '-' + C.Company) LIKE '%NOWHERE%'");
 const TListSource SlowSort("UPPER(C.Company + '-' + B.Company + '-' + A.Company)", "Cust A, Cust B, Cust C WHERE 0=0",
                            "A.ID + '-' + B.ID + '-' + C.ID ID");
 
@@ -116,22 +117,25 @@ class tst_MariaDBConnection : public QObject {
   // All that the company's database holds, and what is on the server besides.
   QString Contents() const {
     const QSqlDatabase Beside = Company_->Beside();
-    const QStringList Tables = AllRows(
-        Beside, "SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE() AND table_type = "
+    const QStringList Tables =
+        AllRows(Beside,
+                "SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE() AND table_type = "
                 "'BASE TABLE' ORDER BY 1");
     return AllRows(Beside, "CHECKSUM TABLE `" + Tables.join("`, `") + '`').join(' ') +
-           AllRows(Beside, "SELECT COUNT(*) FROM information_schema.tables UNION ALL SELECT COUNT(*) FROM "
-                           "information_schema.routines UNION ALL SELECT COUNT(*) FROM mysql.user UNION ALL SELECT "
-                           "COUNT(*) FROM information_schema.processlist UNION ALL SELECT md5(group_concat(variable_name, "
-                           "variable_value ORDER BY 1)) FROM information_schema.global_variables WHERE variable_name NOT "
-                           "LIKE '%gtid%'")
+           AllRows(Beside,
+                   "SELECT COUNT(*) FROM information_schema.tables UNION ALL SELECT COUNT(*) FROM "
+                   "information_schema.routines UNION ALL SELECT COUNT(*) FROM mysql.user UNION ALL SELECT "
+                   "COUNT(*) FROM information_schema.processlist UNION ALL SELECT md5(group_concat(variable_name, "
+                   "variable_value ORDER BY 1)) FROM information_schema.global_variables WHERE variable_name NOT "
+                   "LIKE '%gtid%'")
                .join(' ');
   }
   // What the session has become, but for what only counts statements.
   QString Setup() const {
-    return AllRows(Company_->Database(), "SHOW SESSION VARIABLES WHERE variable_name NOT IN ('timestamp', "
-                                         "'rand_seed1', 'rand_seed2', 'last_insert_id', 'identity', 'warning_count', "
-                                         "'error_count')")
+    return AllRows(Company_->Database(),
+                   "SHOW SESSION VARIABLES WHERE variable_name NOT IN ('timestamp', "
+                   "'rand_seed1', 'rand_seed2', 'last_insert_id', 'identity', 'warning_count', "
+                   "'error_count')")
         .join(' ');
   }
   int Transactions() const {
@@ -187,9 +191,10 @@ class tst_MariaDBConnection : public QObject {
 
   void Lengthen(int Count) {
     Company_->ExecuteBeside("CREATE TABLE longlist (txt VARCHAR(20), tens INTEGER) COLLATE utf8mb4_nopad_bin");
-    Company_->ExecuteBeside(QStringLiteral("INSERT INTO longlist SELECT concat('row ', 1000000 + seq * 7919 % 1000003), "
-                                           "seq DIV 10 FROM seq_1_to_%1")
-                                .arg(Count));
+    Company_->ExecuteBeside(
+        QStringLiteral("INSERT INTO longlist SELECT concat('row ', 1000000 + seq * 7919 % 1000003), "
+                       "seq DIV 10 FROM seq_1_to_%1")
+            .arg(Count));
   }
 
  private slots:
@@ -212,12 +217,15 @@ class tst_MariaDBConnection : public QObject {
     Company_->ExecuteBeside("SET sql_mode = 'ALLOW_INVALID_DATES'");
     Company_->ExecuteBeside(
         "CREATE TABLE t (bo boolean, bi bit(9), i1 tinyint unsigned, i8 bigint, u8 bigint unsigned, f8 double, nu "
-        "decimal(40,12), da date, dt datetime(3), ts timestamp NULL, ch char(8), vc varchar(20) CHARACTER SET latin1, gb "
-        "varchar(20) CHARACTER SET gbk, em varchar(20) CHARACTER SET utf8mb4, tx text, bl blob, en enum('fine','x'), ye "
+        "decimal(40,12), da date, dt datetime(3), ts timestamp NULL, ch char(8), vc varchar(20) CHARACTER SET latin1, "
+        "gb "
+        "varchar(20) CHARACTER SET gbk, em varchar(20) CHARACTER SET utf8mb4, tx text, bl blob, en enum('fine','x'), "
+        "ye "
         "year, tm time)");
     Company_->ExecuteBeside(
         "INSERT INTO t VALUES (true, b'101', 255, -9007199254740993, 18446744073709551615, 0.1 + 0.2e0, "
-        "-1234567890123456789012345678.123456789012, '2024-06-30', '1999-12-31 23:59:59.5', '2001-02-03 04:05:06', 'ab', "
+        "-1234567890123456789012345678.123456789012, '2024-06-30', '1999-12-31 23:59:59.5', '2001-02-03 04:05:06', "
+        "'ab', "
         "'é \\\\ x', '中', '😀 ü', 'long', 'bytes', 'fine', 2024, '10:11:12')");
     Company_->ExecuteBeside("INSERT INTO t (bo, da, dt) VALUES (NULL, '0000-00-00', '0000-00-00 00:00:00')");
     Execute(Setting);
@@ -289,9 +297,10 @@ class tst_MariaDBConnection : public QObject {
     const int All = Dialog->qryList_->RecordCount();
     QVERIFY(All > 500);
     QStringList Texts = support::HostileTexts({"/nowhere/acted", "1", "localhost", "company"});
-    // A byte before a backslash or a quote that makes one character of the two in some character set, and what UTF-8 has
-    // of the kind.
-    for (const char* Byte : {"", "\xc2\xbf", "\xe8\xa1\xa8", "\xe5\x8a\x9f", "\xe8\xa8\xb1", "\xc2\x81", "\xe3\x82\xbd"}) {
+    // A byte before a backslash or a quote that makes one character of the two in some character set, and what UTF-8
+    // has of the kind.
+    for (const char* Byte :
+         {"", "\xc2\xbf", "\xe8\xa1\xa8", "\xe5\x8a\x9f", "\xe8\xa8\xb1", "\xc2\x81", "\xe3\x82\xbd"}) {
       for (const char* Rest : {"\\'; DELETE FROM cust; -- ", "\\' OR SLEEP(5) -- ", "' OR 1=1 # ", "\\\\' OR 1=1 -- ",
                                "\" OR 1=1 -- ", "` OR 1=1 -- ", "\\"}) {
         Texts << QString::fromUtf8(Byte) + QString::fromUtf8(Rest);
@@ -321,20 +330,48 @@ class tst_MariaDBConnection : public QObject {
     for (const bool InTransaction : {false, true}) {
       if (InTransaction) Execute("START TRANSACTION");
       const QString Before = Contents();
-      for (const char* Sql :
-           {"SELECT SLEEP(9) X", "SELECT BENCHMARK(99999999, UPPER('a')) X", "SELECT LOAD_FILE('/etc/passwd') X",
-            "SELECT GET_LOCK('a', 1) X", "SELECT RELEASE_ALL_LOCKS() X", "SELECT NEXTVAL(counted) X",
-            "SELECT NEXT VALUE FOR counted X", "SELECT counted.NEXTVAL X", "SELECT counted.[nextval] X FROM Area",
-            "SELECT SETVAL(counted, 9) X", "SELECT LAST_INSERT_ID(7) X", "SELECT @a := 1 X", "SELECT @@version X",
-            "SELECT Zip X INTO OUTFILE '/nowhere/acted' FROM Area", "SELECT Zip X FROM Area INTO @a",
-            "SELECT Zip X FROM Area FOR UPDATE", "SELECT Zip X FROM Area LOCK IN SHARE MODE",
-            "SELECT Zip X FROM Area PROCEDURE ANALYSE()", "SELECT 1 X /*! ; DELETE FROM Area */",
-            "SELECT 1 X; DELETE FROM Area", "SELECT 1 X # ", "SELECT _latin1'a' X", "SELECT X'41' X", "SELECT 0x41 X",
-            "SELECT N'a' X", "SELECT b'1' X", "SELECT `Zip` X FROM Area", "SELECT CURRENT_USER X", "SELECT DATABASE() X",
-            "SELECT User X FROM mysql.user", "SELECT SQL_CALC_FOUND_ROWS Zip X FROM Area", "SELECT HIGH_PRIORITY Zip X FROM Area",
-            "SELECT Zip X FROM Area USE INDEX (PK_ZIP)", "SELECT Zip X FROM Area PARTITION (p)", "HANDLER Area OPEN",
-            "DO SLEEP(9)", "CALL p()", "SET STATEMENT max_statement_time=1 FOR SELECT 1", "SELECT Zip DIV 2 X FROM Area",
-            "SELECT BINARY Zip X FROM Area", "SELECT Zip X FROM Area WHERE Zip RLIKE 'a'", "WITH a AS (SELECT 1) SELECT 1 X"}) {
+      for (const char* Sql : {"SELECT SLEEP(9) X",
+                              "SELECT BENCHMARK(99999999, UPPER('a')) X",
+                              "SELECT LOAD_FILE('/etc/passwd') X",
+                              "SELECT GET_LOCK('a', 1) X",
+                              "SELECT RELEASE_ALL_LOCKS() X",
+                              "SELECT NEXTVAL(counted) X",
+                              "SELECT NEXT VALUE FOR counted X",
+                              "SELECT counted.NEXTVAL X",
+                              "SELECT counted.[nextval] X FROM Area",
+                              "SELECT SETVAL(counted, 9) X",
+                              "SELECT LAST_INSERT_ID(7) X",
+                              "SELECT @a := 1 X",
+                              "SELECT @@version X",
+                              "SELECT Zip X INTO OUTFILE '/nowhere/acted' FROM Area",
+                              "SELECT Zip X FROM Area INTO @a",
+                              "SELECT Zip X FROM Area FOR UPDATE",
+                              "SELECT Zip X FROM Area LOCK IN SHARE MODE",
+                              "SELECT Zip X FROM Area PROCEDURE ANALYSE()",
+                              "SELECT 1 X /*! ; DELETE FROM Area */",
+                              "SELECT 1 X; DELETE FROM Area",
+                              "SELECT 1 X # ",
+                              "SELECT _latin1'a' X",
+                              "SELECT X'41' X",
+                              "SELECT 0x41 X",
+                              "SELECT N'a' X",
+                              "SELECT b'1' X",
+                              "SELECT `Zip` X FROM Area",
+                              "SELECT CURRENT_USER X",
+                              "SELECT DATABASE() X",
+                              "SELECT User X FROM mysql.user",
+                              "SELECT SQL_CALC_FOUND_ROWS Zip X FROM Area",
+                              "SELECT HIGH_PRIORITY Zip X FROM Area",
+                              "SELECT Zip X FROM Area USE INDEX (PK_ZIP)",
+                              "SELECT Zip X FROM Area PARTITION (p)",
+                              "HANDLER Area OPEN",
+                              "DO SLEEP(9)",
+                              "CALL p()",
+                              "SET STATEMENT max_statement_time=1 FOR SELECT 1",
+                              "SELECT Zip DIV 2 X FROM Area",
+                              "SELECT BINARY Zip X FROM Area",
+                              "SELECT Zip X FROM Area WHERE Zip RLIKE 'a'",
+                              "WITH a AS (SELECT 1) SELECT 1 X"}) {
         QElapsedTimer Clock;
         Clock.start();
         QVERIFY2(MessageOf([&] { Rows(Sql); }) != "nothing was thrown", Sql);
@@ -349,7 +386,8 @@ class tst_MariaDBConnection : public QObject {
   void shouldHaveTheServerRefuseWhatAFunctionWrites() {
     if (!Open()) return;
     Company_->ExecuteBeside(
-        "CREATE FUNCTION writing() RETURNS INTEGER MODIFIES SQL DATA BEGIN INSERT INTO area VALUES ('written'); RETURN 1; "
+        "CREATE FUNCTION writing() RETURNS INTEGER MODIFIES SQL DATA BEGIN INSERT INTO area VALUES ('written'); RETURN "
+        "1; "
         "END");
     Company_->ExecuteBeside("CREATE VIEW innocent AS SELECT writing() AS zip");
     const QString Before = Contents();
@@ -381,7 +419,8 @@ class tst_MariaDBConnection : public QObject {
     QCOMPARE(Transactions(), 0);
     AltersTables();
     Execute("INSERT INTO area (zip) VALUES ('mine')");
-    QCOMPARE(Company_->ValueBeside("SELECT COUNT(*) FROM area WHERE zip = 'mine'").toInt(), Setting.contains("autocommit") ? 0 : 1);
+    QCOMPARE(Company_->ValueBeside("SELECT COUNT(*) FROM area WHERE zip = 'mine'").toInt(),
+             Setting.contains("autocommit") ? 0 : 1);
   }
 
   void shouldLeaveTheHostsTransactionAsItWas_data() { shouldLeaveNothingBehind_data(); }
@@ -483,19 +522,22 @@ class tst_MariaDBConnection : public QObject {
     if (InTransaction) Execute("START TRANSACTION");
     if (InTransaction) Execute("INSERT INTO area (zip) VALUES ('before')");
     const auto Dialog = TListDialog::Create(Company_->Connection(), {});
-    QVERIFY(!DrivePickAs<TListDialog>([&] { return Dialog->ShowPick(); }, [&](TListDialog&) {
-      for (int Round = 0; Round < 10; ++Round) {
-        const qint64 Took = Stop(*Dialog, Source, Round == 0 ? 200 : Round * 7);
-        if (Round == 0) qInfo("The stop took %lld ms.", Took);
-        QVERIFY(Took < Moment && (Took >= 0 || Round > 0));
-        QVERIFY(Dialog->isVisible());
-        QCOMPARE(Dialog->qryList_->RecordCount(), 1000);
-      }
-      const QString Doing = "SELECT COUNT(*) FROM information_schema.processlist WHERE command = 'Query' AND id = " + Mine;
-      QTRY_COMPARE_WITH_TIMEOUT(Company_->ValueBeside(Doing).toInt(), 0, int(Moment));
-      QTest::keyClick(Dialog->edFind, Qt::Key_Escape);
-      QVERIFY(!Dialog->isVisible());
-    }));
+    QVERIFY(!DrivePickAs<TListDialog>(
+        [&] { return Dialog->ShowPick(); },
+        [&](TListDialog&) {
+          for (int Round = 0; Round < 10; ++Round) {
+            const qint64 Took = Stop(*Dialog, Source, Round == 0 ? 200 : Round * 7);
+            if (Round == 0) qInfo("The stop took %lld ms.", Took);
+            QVERIFY(Took < Moment && (Took >= 0 || Round > 0));
+            QVERIFY(Dialog->isVisible());
+            QCOMPARE(Dialog->qryList_->RecordCount(), 1000);
+          }
+          const QString Doing =
+              "SELECT COUNT(*) FROM information_schema.processlist WHERE command = 'Query' AND id = " + Mine;
+          QTRY_COMPARE_WITH_TIMEOUT(Company_->ValueBeside(Doing).toInt(), 0, int(Moment));
+          QTest::keyClick(Dialog->edFind, Qt::Key_Escape);
+          QVERIFY(!Dialog->isVisible());
+        }));
     QCOMPARE(Session(), Mine);  // the same connection
     QCOMPARE(Value("SELECT @@in_transaction").toInt(), InTransaction ? 1 : 0);
     if (InTransaction) Execute("COMMIT");
@@ -716,7 +758,8 @@ class tst_MariaDBConnection : public QObject {
   void shouldSayThatTheHostClosedTheConnectionInTheMidstOfTheRows() {
     if (!Open(TBackendKind::MariaDB)) return;
     QFETCH(const bool, ReopensAtOnce);
-    for (const char* Sql : {"SELECT A.ID FROM Cust A, Cust B", "SELECT A.ID FROM Cust A, Cust B, Cust C WHERE A.ID + B.ID + C.ID = 'x'"}) {
+    for (const char* Sql : {"SELECT A.ID FROM Cust A, Cust B",
+                            "SELECT A.ID FROM Cust A, Cust B, Cust C WHERE A.ID + B.ID + C.ID = 'x'"}) {
       ads::TAdsQuery Long(nullptr);
       Long.SetConnection(Company_->Connection());
       Long.AddField("ID", ads::TFieldType::ftString, 6);
@@ -756,8 +799,9 @@ class tst_MariaDBConnection : public QObject {
     if (!Open()) return;
     const QString Name = Company_->ValueBeside("SELECT DATABASE()").toString();
     Company_->ExecuteBeside("CREATE OR REPLACE USER picker@localhost");
-    for (const QString& Table : AllRows(Company_->Beside(), "SELECT table_name FROM information_schema.tables WHERE "
-                                                            "table_schema = DATABASE() AND table_name <> 'vend'")) {
+    for (const QString& Table : AllRows(Company_->Beside(),
+                                        "SELECT table_name FROM information_schema.tables WHERE "
+                                        "table_schema = DATABASE() AND table_name <> 'vend'")) {
       Company_->ExecuteBeside("GRANT SELECT ON `" + Name + "`.`" + Table + "` TO picker@localhost");
     }
     QSqlDatabase Database = Backends_->Connect(*Company_, "picker");
@@ -795,10 +839,11 @@ class tst_MariaDBConnection : public QObject {
       ads::TAdsConnection Connection(Database);
       const QString Mine = TBackend::Value(Database, "SELECT CONNECTION_ID()").toString();
       const auto Dialog = TListDialog::Create(&Connection, {});
-      QVERIFY(!DrivePickAs<TListDialog>([&] { return Dialog->ShowPick(); }, [&](TListDialog&) {
-        QVERIFY(Stop(*Dialog, Slow, 200) >= 0);
-        QTest::keyClick(Dialog->edFind, Qt::Key_Escape);
-      }));
+      QVERIFY(!DrivePickAs<TListDialog>([&] { return Dialog->ShowPick(); },
+                                        [&](TListDialog&) {
+                                          QVERIFY(Stop(*Dialog, Slow, 200) >= 0);
+                                          QTest::keyClick(Dialog->edFind, Qt::Key_Escape);
+                                        }));
       QCOMPARE(TBackend::Value(Database, "SELECT CONNECTION_ID()").toString(), Mine);
     }
     Database = {};
