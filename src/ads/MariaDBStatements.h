@@ -17,10 +17,11 @@ inline constexpr char Begin[] = "START TRANSACTION READ ONLY";
 /// Says what a setting of the session could make of it otherwise.
 inline constexpr char End[] = "ROLLBACK AND NO CHAIN NO RELEASE";
 
-/// Inside the host's transaction.
-inline constexpr char Savepoint[] = "SAVEPOINT zul_pick";
-inline constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick";
-inline constexpr char DropSavepoint[] = "RELEASE SAVEPOINT zul_pick";
+/// Inside the host's transaction. A savepoint of the same name would be replaced, not covered, so the name is one that
+/// no host has.
+inline constexpr char Savepoint[] = "SAVEPOINT zul_pick_c4f1a90e";
+inline constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick_c4f1a90e";
+inline constexpr char DropSavepoint[] = "RELEASE SAVEPOINT zul_pick_c4f1a90e";
 
 /// Before a query, whose values then come in UTF-8; for this one statement.
 inline constexpr char InUtf8[] = "SET STATEMENT character_set_results=utf8mb4 FOR ";

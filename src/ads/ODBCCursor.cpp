@@ -71,7 +71,9 @@ class TStatementHandle {
  public:
   explicit TStatementHandle(SQLHDBC Connection) : Connection_(Connection) {
     if (!Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, Connection, &Handle_))) {
-      throw EDatabaseError(Diagnose(SQL_HANDLE_DBC, Connection).Message);
+      const TDiagnosis Diagnosis = Diagnose(SQL_HANDLE_DBC, Connection);
+      if (Diagnosis.State.starts_with("08") || IsLost(Connection)) RaiseConnectionLost(Diagnosis.Message);
+      throw EDatabaseError(Diagnosis.Message);
     }
   }
   ~TStatementHandle() {

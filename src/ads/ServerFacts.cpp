@@ -172,6 +172,15 @@ constexpr char PostgreSQLOthers[] =
     "AND (NOT pg_catalog.pg_table_is_visible(c.oid) OR c.relname <> lower(c.relname)) "
     "AND s.nspname NOT IN ('pg_catalog', 'information_schema') AND lower(c.relname) IN ";
 
+// A row of table, index and column; the rows of one index come one after another.
+void AddIndexColumn(const TRow& Row, TServerFacts& Facts) {
+  const auto IsTable = [&Row](const TTableFacts& Table) { return Table.Name == Row[0]; };
+  const auto Table = std::find_if(Facts.Tables.begin(), Facts.Tables.end(), IsTable);
+  if (Table == Facts.Tables.end()) return;
+  if (Table->Indexes.empty() || Table->Indexes.back().Name != Row[1]) Table->Indexes.push_back({Row[1], {}});
+  Table->Indexes.back().Columns.push_back(Row[2]);
+}
+
 void AddPostgreSQLTables(const TAdsConnection& Connection, const std::string& Names, TServerFacts& Facts) {
   for (const TRow& Row : Rows(Connection, PostgreSQLColumns + Names + " ORDER BY c.relname, a.attnum")) {
     if (Facts.Tables.empty() || Facts.Tables.back().Name != Row[0]) {
@@ -180,11 +189,7 @@ void AddPostgreSQLTables(const TAdsConnection& Connection, const std::string& Na
     Facts.Tables.back().Columns.push_back({Row[2], Row[3], ServesInPostgreSQL(Row[3]), Row[4] == "1"});
   }
   for (const TRow& Row : Rows(Connection, PostgreSQLIndexes + Names + " ORDER BY c.relname, n.relname, k.place")) {
-    const auto IsTable = [&Row](const TTableFacts& Table) { return Table.Name == Row[0]; };
-    const auto Table = std::find_if(Facts.Tables.begin(), Facts.Tables.end(), IsTable);
-    if (Table == Facts.Tables.end()) continue;
-    if (Table->Indexes.empty() || Table->Indexes.back().Name != Row[1]) Table->Indexes.push_back({Row[1], {}});
-    Table->Indexes.back().Columns.push_back(Row[2]);
+    AddIndexColumn(Row, Facts);
   }
   for (const TRow& Row : Rows(Connection, PostgreSQLOthers + Names)) {
     const char* Why = Row[2] == "0"             ? ", a schema that the account may not use"
@@ -214,6 +219,86 @@ void AddPostgreSQL(const TAdsConnection& Connection, const std::vector<std::stri
   RequireVersion(Facts, 12, 0);
   RequireCollations(Connection, Facts);
   AddPostgreSQLTables(Connection, LowerLiterals(Names), Facts);
+}
+
+TColumnKinds ServesInMariaDB(const std::string& Declared) {
+  const std::string Type = Lower(Declared.substr(0, Declared.find_first_of("( ")));
+  if (Type == "tinyint" || Type == "bit") return {TColumnKind::Boolean, TColumnKind::Number};
+  if (Type == "date" || Type == "datetime" || Type == "timestamp") return {TColumnKind::Date};
+  for (const char* Number : {"smallint", "mediumint", "int", "bigint", "decimal", "float", "double", "year"}) {
+    if (Type == Number) return {TColumnKind::Number};
+  }
+  return {TColumnKind::Text};  // anything else is read as its text
+}
+
+// Of those that the account may see.
+constexpr char MariaDBColumns[] =
+    "SELECT t.table_name, CASE WHEN t.table_type LIKE '%VIEW' THEN 1 ELSE 0 END, c.column_name, c.column_type, "
+    "CASE WHEN FIND_IN_SET('select', c.privileges) > 0 THEN 1 ELSE 0 END "
+    "FROM information_schema.tables t LEFT JOIN information_schema.columns c "
+    "ON c.table_schema = t.table_schema AND c.table_name = t.table_name "
+    "WHERE t.table_schema = DATABASE() AND t.table_name IN ";
+constexpr char MariaDBIndexes[] =
+    "SELECT table_name, index_name, column_name FROM information_schema.statistics "
+    "WHERE table_schema = DATABASE() AND table_name IN ";
+constexpr char MariaDBOthers[] =
+    "SELECT table_name, table_schema FROM information_schema.tables WHERE table_schema = DATABASE() "
+    "AND BINARY table_name <> lower(table_name) AND lower(table_name) IN ";
+
+// Names as their bytes, which are read in one way in every mode of the session.
+std::string LowerNamesAsBytes(const std::vector<std::string>& Names) {
+  constexpr char Digits[] = "0123456789ABCDEF";
+  std::string Result = "(''";
+  for (const std::string& Name : Names) {
+    Result += ", _utf8mb4 X'";
+    for (const char Byte : Lower(Name)) {
+      const auto Value = static_cast<unsigned char>(Byte);
+      Result += {Digits[Value >> 4], Digits[Value & 15]};
+    }
+    Result += '\'';
+  }
+  return Result + ")";
+}
+
+// A table that the account may do nothing with is one that the server does not speak of, unless it is asked for rows.
+void AddHiddenTables(const TAdsConnection& Connection, const std::vector<std::string>& Names, TServerFacts& Facts) {
+  for (const std::string& Name : Names) {
+    if (Facts.Find(Name) != nullptr) continue;
+    try {
+      Connection.NewCursor()->Prepare(Connection.Dialect().Rewrite("SELECT 1 FROM [" + Name + "]"));
+    } catch (const EConnectionLost&) {
+      throw;
+    } catch (const EDatabaseError& Error) {
+      const std::string Message = Error.what();
+      if (Message.find("denied") == Message.npos) continue;
+      Facts.Others.push_back({Lower(Name), "Or the account may not read it: " + Message});
+    }
+  }
+}
+
+void AddMariaDB(const TAdsConnection& Connection, const std::vector<std::string>& TableNames, TServerFacts& Facts) {
+  const std::vector<TRow> Server = Rows(Connection, "SELECT VERSION(), CURRENT_USER()");
+  Facts.Server = "MariaDB";
+  Facts.Version = Server.at(0).at(0);
+  Facts.Account = Server.at(0).at(1);
+  RequireVersion(Facts, 10, 11);
+  const std::string Names = LowerNamesAsBytes(TableNames);
+  for (const TRow& Row : Rows(Connection, MariaDBColumns + Names + " ORDER BY t.table_name, c.ordinal_position")) {
+    if (Row[0] != Lower(Row[0])) continue;
+    if (Facts.Tables.empty() || Facts.Tables.back().Name != Row[0]) {
+      Facts.Tables.push_back({Row[0], Row[1] == "1", Row[2].empty() ? "The server tells no columns." : "", {}, {}});
+    }
+    if (Row[2].empty()) continue;
+    Facts.Tables.back().Columns.push_back({Row[2], Row[3], ServesInMariaDB(Row[3]), Row[4] == "1"});
+  }
+  for (const TRow& Row : Rows(Connection, MariaDBIndexes + Names + " ORDER BY table_name, index_name, seq_in_index")) {
+    AddIndexColumn(Row, Facts);
+  }
+  for (const TRow& Row : Rows(Connection, MariaDBOthers + Names)) {
+    Facts.Others.push_back(
+        {Lower(Row[0]), "\"" + Row[0] + "\" stands in \"" + Row[1] + "\"; names must be in lower case"});
+  }
+  AddHiddenTables(Connection, TableNames, Facts);
 }
 
 TColumnKinds ServesAs(QMetaType Type) {
@@ -260,19 +345,65 @@ void AddOther(const TAdsConnection& Connection, const std::vector<std::string>& 
   }
 }
 
-enum class TServerKind { SQLite, PostgreSQL, Other };
+enum class TServerKind { SQLite, PostgreSQL, MariaDB, Other };
 
 TServerKind KindOf(const QSqlDatabase& Database) {
   if (SQLiteHandle(Database) != nullptr) return TServerKind::SQLite;
   if (PostgreSQLHandle(Database) != nullptr) return TServerKind::PostgreSQL;
+  if (MariaDBHandle(Database) != nullptr) return TServerKind::MariaDB;
   void* Handle = ODBCHandle(Database);
-  const TODBCServer Server = Handle != nullptr ? ODBCServer(Handle) : TODBCServer::Other;
-  if (Server == TODBCServer::SQLite) return TServerKind::SQLite;
-  return Server == TODBCServer::PostgreSQL ? TServerKind::PostgreSQL : TServerKind::Other;
+  switch (Handle != nullptr ? ODBCServer(Handle) : TODBCServer::Other) {
+    case TODBCServer::SQLite:
+      return TServerKind::SQLite;
+    case TODBCServer::PostgreSQL:
+      return TServerKind::PostgreSQL;
+    case TODBCServer::MariaDB:
+      return TServerKind::MariaDB;
+    default:
+      return TServerKind::Other;
+  }
 }
 
-std::string Bracketed(const std::string& Name) {
-  return "[" + Name + "]";
+using TAddFacts = void (*)(const TAdsConnection&, const std::vector<std::string>&, TServerFacts&);
+
+TAddFacts AdderFor(TServerKind Kind) {
+  switch (Kind) {
+    case TServerKind::SQLite:
+      return AddSQLite;
+    case TServerKind::PostgreSQL:
+      return AddPostgreSQL;
+    case TServerKind::MariaDB:
+      return AddMariaDB;
+    default:
+      return AddOther;
+  }
+}
+
+std::string Quoted(const std::string& Name, char Quote) {
+  std::string Result(1, Quote);
+  for (const char Byte : Name) Result.append(Byte == Quote ? 2 : 1, Byte);
+  return Result + Quote;
+}
+
+// A name of a table or column in a statement that is no query, which a dialect does not rewrite in every place.
+std::string NameFor(const TAdsConnection& Connection, const std::string& Name) {
+  switch (KindOf(Connection.Database())) {
+    case TServerKind::MariaDB:
+      return Quoted(Name, '`');
+    default:
+      return Connection.Dialect().Rewrite("[" + Name + "]");
+  }
+}
+
+std::string TableFor(const TAdsConnection& Connection, const std::string& Name) {
+  const bool IsLower = KindOf(Connection.Database()) == TServerKind::MariaDB;
+  return NameFor(Connection, IsLower ? Lower(Name) : Name);
+}
+
+std::string ColumnList(const TAdsConnection& Connection, const std::vector<std::string>& Columns) {
+  std::string List;
+  for (const std::string& Column : Columns) List += (List.empty() ? "(" : ", ") + NameFor(Connection, Column);
+  return List + ")";
 }
 
 }  // namespace
@@ -294,29 +425,36 @@ TServerFacts ReadServerFacts(const TAdsConnection& Connection, const std::vector
   Connection.Dialect();  // throws on another thread than the connection's
   const QSqlDatabase& Database = Connection.Database();
   const TServerKind Kind = KindOf(Database);
-  // A lost connection to PostgreSQL is not open either, but has more to say.
-  if (Kind != TServerKind::PostgreSQL && !Database.isOpen()) {
+  // A lost connection to a server may not be open either, but has more to say.
+  if (Kind != TServerKind::PostgreSQL && Kind != TServerKind::MariaDB && !Database.isOpen()) {
     throw EConnectionLost("The database connection is not open.");
   }
   TServerFacts Facts;
   Facts.Driver = Database.driverName().toStdString();
-  const auto Add = Kind == TServerKind::SQLite ? AddSQLite : Kind == TServerKind::PostgreSQL ? AddPostgreSQL : AddOther;
-  Add(Connection, TableNames, Facts);
+  AdderFor(Kind)(Connection, TableNames, Facts);
   return Facts;
 }
 
 std::string CreateIndexText(const TAdsConnection& Connection, const std::string& Name, const std::string& Table,
                             const std::vector<std::string>& Columns) {
+  return "CREATE INDEX " + NameFor(Connection, Name) + " ON " + TableFor(Connection, Table) + " " +
+         ColumnList(Connection, Columns);
+}
+
+std::string InsertText(const TAdsConnection& Connection, const std::string& Table,
+                       const std::vector<std::string>& Columns, const std::vector<std::string>& Values) {
   std::string List;
-  for (const std::string& Column : Columns) List += (List.empty() ? "" : ", ") + Bracketed(Column);
-  return Connection.Dialect().Rewrite("CREATE INDEX " + Bracketed(Name) + " ON " + Bracketed(Table) + " (" + List +
-                                      ")");
+  for (const std::string& Value : Values) List += (List.empty() ? "" : ", ") + Connection.Dialect().Rewrite(Value);
+  return "INSERT INTO " + TableFor(Connection, Table) + " " + ColumnList(Connection, Columns) + " VALUES (" + List +
+         ")";
 }
 
 std::string GrantSelectText(const TAdsConnection& Connection, const std::string& Table, const std::string& Account) {
-  std::string Quoted = "\"";
-  for (const char Byte : Account) Quoted.append(Byte == '"' ? 2 : 1, Byte);
-  return Connection.Dialect().Rewrite("GRANT SELECT ON " + Bracketed(Table)) + " TO " + Quoted + "\"";
+  const std::size_t At = Account.rfind('@');
+  const bool HasHost = KindOf(Connection.Database()) == TServerKind::MariaDB && At != Account.npos;
+  const std::string Grantee =
+      HasHost ? Quoted(Account.substr(0, At), '`') + "@" + Quoted(Account.substr(At + 1), '`') : Quoted(Account, '"');
+  return "GRANT SELECT ON " + TableFor(Connection, Table) + " TO " + Grantee;
 }
 
 }  // namespace ads

@@ -73,6 +73,9 @@ ZULADS_EXPORT TServerFacts ReadServerFacts(const TAdsConnection& Connection,
 /// Statements that mend something, in the server's SQL and in the way in which it writes names.
 ZULADS_EXPORT std::string CreateIndexText(const TAdsConnection& Connection, const std::string& Name,
                                           const std::string& Table, const std::vector<std::string>& Columns);
+/// `Values` are literals of the dialogs' SQL, one for each column.
+ZULADS_EXPORT std::string InsertText(const TAdsConnection& Connection, const std::string& Table,
+                                     const std::vector<std::string>& Columns, const std::vector<std::string>& Values);
 ZULADS_EXPORT std::string GrantSelectText(const TAdsConnection& Connection, const std::string& Table,
                                           const std::string& Account);
 

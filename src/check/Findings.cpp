@@ -140,13 +140,12 @@ void TFindings::AddEmpty() {
   for (const std::string& Name : Survey_.Empty()) {
     std::string Mend;
     if (const TExpectedTable* Expected = ExpectedTable(Name)) {
-      std::string Columns, Values;
+      std::vector<std::string> Columns, Values;
       for (const TExpectedColumn& Column : Expected->Columns) {
-        Columns += (Columns.empty() ? "[" : ", [") + Column.Name + "]";
-        Values += Values.empty() ? "" : ", ";
-        Values += Column.Kind == ads::TColumnKind::Boolean ? "FALSE" : "2";
+        Columns.push_back(Column.Name);
+        Values.emplace_back(Column.Kind == ads::TColumnKind::Boolean ? "FALSE" : "2");
       }
-      Mend = Connection_.Dialect().Rewrite("INSERT INTO [" + Name + "] (" + Columns + ") VALUES (" + Values + ")");
+      Mend = InsertText(Connection_, Name, Columns, Values);
     }
     Broken(TFindingKind::EmptySettings, {Name, {}}, "Table " + Name + " has no row, and so no setting.", Mend);
   }

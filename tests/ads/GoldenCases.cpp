@@ -27,7 +27,7 @@ void AppendLine(std::string& Text, std::string Line) {
 // What stands for UPPER on MariaDB, which is too long to be written out in every case.
 std::string MariaDBUpper(const std::string& Argument) {
   static const std::string Form = [] {
-    std::ifstream Stream(std::filesystem::path(ZUL_GOLDEN_FOLDER) / "mariadb_upper.txt");
+    std::ifstream Stream(std::filesystem::path(ZUL_GOLDEN_FOLDER).parent_path() / "mariadb_upper.txt");
     std::string Line;
     while (std::getline(Stream, Line) && Line.starts_with('#')) continue;
     return Line;

@@ -61,6 +61,11 @@ QByteArray Bytes(const QString& FileName) {
   return File.open(QIODevice::ReadOnly) ? File.readAll() : QByteArray();
 }
 
+// A table as its server knows it where the case of names counts.
+QString Written(TBackendKind Kind, const QString& Table) {
+  return support::IsOnMariaDB(Kind) ? Table.toLower() : Table;
+}
+
 }  // namespace
 
 #define OPEN_BACKEND()                                        \
@@ -74,6 +79,12 @@ class tst_Check : public QObject {
   static void OverEveryServer() {
     QTest::addColumn<TBackendKind>("Kind");
     for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+  }
+  static void OverServersWithRights() {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : support::AllBackends) {
+      if (support::IsOnPostgreSQL(Kind) || support::IsOnMariaDB(Kind)) QTest::newRow(support::NameOf(Kind)) << Kind;
+    }
   }
   static void OverPostgreSQL() {
     QTest::addColumn<TBackendKind>("Kind");
@@ -102,8 +113,10 @@ class tst_Check : public QObject {
   void shouldTellThatTheSettingsHaveNoRow();
   void shouldProposeAMissingIndex_data() { OverEveryServer(); }
   void shouldProposeAMissingIndex();
-  void shouldTellAMissingRight_data() { OverPostgreSQL(); }
+  void shouldTellAMissingRight_data() { OverServersWithRights(); }
   void shouldTellAMissingRight();
+  void shouldTellOfATableThatTheAccountMayNotSee();
+  void shouldTellOfATableUnderANameWithCapitals();
   void shouldTellOfASchemaThatMayNotBeUsed_data() { OverPostgreSQL(); }
   void shouldTellOfASchemaThatMayNotBeUsed();
   void shouldTellAMissingCollation_data() { OverPostgreSQL(); }
@@ -126,7 +139,7 @@ void tst_Check::shouldFindTheSampleCompanyFit() {
   OPEN_BACKEND();
   QElapsedTimer Timer;
   Timer.start();
-  const bool IsByODBC = Kind == TBackendKind::ODBCSQLite || Kind == TBackendKind::ODBCPostgreSQL;
+  const bool IsByODBC = support::IsByODBC(Kind);
   const TReport Report =
       IsByODBC ? check::Check(Backend->Connection(), Picks(SomePicks)) : check::Check(Backend->Connection());
   qInfo("%s: %d queries in %lld ms", support::NameOf(Kind), Report.Queries, static_cast<long long>(Timer.elapsed()));
@@ -134,7 +147,9 @@ void tst_Check::shouldFindTheSampleCompanyFit() {
   QVERIFY2(Of(Report, TSeverity::Advice).empty(), check::TextOf(Report).c_str());
   QCOMPARE(Report.Picks.size(), IsByODBC ? SomePicks.size() : catalog::FullCatalog().All().size());
   QVERIFY(Report.Queries > (IsByODBC ? 1000 : 10000));
-  QCOMPARE(Report.Server, std::string(support::IsOnPostgreSQL(Kind) ? "PostgreSQL" : "SQLite"));
+  QCOMPARE(Report.Server, std::string(support::IsOnPostgreSQL(Kind) ? "PostgreSQL"
+                                      : support::IsOnMariaDB(Kind)  ? "MariaDB"
+                                                                    : "SQLite"));
   QVERIFY(!Report.Version.empty());
 }
 
@@ -170,7 +185,7 @@ void tst_Check::shouldSendEveryChoiceAndFind() {
 
 void tst_Check::shouldNameAMissingTableOnce() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP TABLE CustBal");
+  Backend->ExecuteBeside("DROP TABLE " + Written(Kind, "CustBal"));
   const TReport Report = check::Check(Backend->Connection(), Picks({"city", "customer"}));
   const TFinding Finding = Only(Report);
   QCOMPARE(Finding.Kind, TFindingKind::MissingTable);
@@ -182,7 +197,7 @@ void tst_Check::shouldNameAMissingTableOnce() {
 
 void tst_Check::shouldNameAMissingColumn() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("ALTER TABLE Cust DROP COLUMN Email");
+  Backend->ExecuteBeside("ALTER TABLE " + Written(Kind, "Cust") + " DROP COLUMN Email");
   const TReport Report = check::Check(Backend->Connection(), Picks({"customer", "customer-email", "vendor-email"}));
   const TFinding Finding = Only(Report);
   QCOMPARE(Finding.Kind, TFindingKind::MissingColumn);
@@ -192,10 +207,10 @@ void tst_Check::shouldNameAMissingColumn() {
 
 void tst_Check::shouldNameAColumnOfAnUnfitType() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP TABLE Vend");
-  Backend->ExecuteBeside(
-      "CREATE TABLE Vend (ID VARCHAR(6), Company VARCHAR(35), Addr1 VARCHAR(35), Zip VARCHAR(30), Phone VARCHAR(15), "
-      "Email VARCHAR(40), Contractor VARCHAR(3), Service BOOLEAN, InActive BOOLEAN)");
+  Backend->ExecuteBeside("DROP TABLE " + Written(Kind, "Vend"));
+  Backend->ExecuteBeside("CREATE TABLE " + Written(Kind, "Vend") +
+                         " (ID VARCHAR(6), Company VARCHAR(35), Addr1 VARCHAR(35), Zip VARCHAR(30), Phone VARCHAR(15), "
+                         "Email VARCHAR(40), Contractor VARCHAR(3), Service BOOLEAN, InActive BOOLEAN)");
   const TReport Report = check::Check(Backend->Connection(), Picks({"vendor"}));
   const TFinding Finding = Only(Report);
   QCOMPARE(Finding.Kind, TFindingKind::UnfitType);
@@ -205,7 +220,7 @@ void tst_Check::shouldNameAColumnOfAnUnfitType() {
 
 void tst_Check::shouldTellThatTheSettingsHaveNoRow() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DELETE FROM Sys");
+  Backend->ExecuteBeside("DELETE FROM " + Written(Kind, "Sys"));
   const TFinding Finding = Only(check::Check(Backend->Connection(), Picks({"city", "state"})));
   QCOMPARE(Finding.Kind, TFindingKind::EmptySettings);
   QCOMPARE(Finding.Text, std::string("Table Sys has no row, and so no setting."));
@@ -216,7 +231,7 @@ void tst_Check::shouldTellThatTheSettingsHaveNoRow() {
 
 void tst_Check::shouldProposeAMissingIndex() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP INDEX FK_CUSTID");
+  Backend->ExecuteBeside(support::IsOnMariaDB(Kind) ? "DROP INDEX FK_CUSTID ON custbal" : "DROP INDEX FK_CUSTID");
   const TReport Report = check::Check(Backend->Connection(), Picks({"city", "customer"}));
   QVERIFY2(Report.IsFit(), check::TextOf(Report).c_str());
   const std::vector<TFinding> Advice = Of(Report, TSeverity::Advice);
@@ -231,17 +246,25 @@ void tst_Check::shouldProposeAMissingIndex() {
 void tst_Check::shouldTellAMissingRight() {
   OPEN_BACKEND();
   const QString Role = QStringLiteral("reader_%1").arg(static_cast<int>(Kind));
-  Backend->ExecuteBeside("CREATE ROLE " + Role + " LOGIN");
-  Backend->ExecuteBeside("GRANT SELECT ON ALL TABLES IN SCHEMA public TO " + Role);
-  Backend->ExecuteBeside("REVOKE SELECT ON area, state FROM " + Role);
-  Backend->ExecuteBeside("GRANT SELECT (state) ON state TO " + Role);
+  if (support::IsOnMariaDB(Kind)) {
+    Backend->ExecuteBeside("CREATE USER " + Role + "@localhost");
+    Backend->ExecuteBeside("GRANT SELECT ON sys TO " + Role + "@localhost");
+    Backend->ExecuteBeside("GRANT INSERT ON area TO " + Role + "@localhost");
+    Backend->ExecuteBeside("GRANT SELECT (state) ON state TO " + Role + "@localhost");
+  } else {
+    Backend->ExecuteBeside("CREATE ROLE " + Role + " LOGIN");
+    Backend->ExecuteBeside("GRANT SELECT ON ALL TABLES IN SCHEMA public TO " + Role);
+    Backend->ExecuteBeside("REVOKE SELECT ON area, state FROM " + Role);
+    Backend->ExecuteBeside("GRANT SELECT (state) ON state TO " + Role);
+  }
   QSqlDatabase Database = Backends_->Connect(*Backend, Role);
   {
     ads::TAdsConnection Connection(Database);
     const TReport Report = check::Check(&Connection, Picks({"city", "state"}));
     const TFinding Finding = Only(Report);
     QCOMPARE(Finding.Kind, TFindingKind::MissingRight);
-    QCOMPARE(Finding.Text, "The account " + Role.toStdString() + " may not read table Area.");
+    const std::string Account = Role.toStdString() + (support::IsOnMariaDB(Kind) ? "@localhost" : "");
+    QCOMPARE(Finding.Text, "The account " + Account + " may not read table Area.");
     QCOMPARE(Finding.Picks, TNames{"city"});
     Backend->ExecuteBeside(QString::fromStdString(Finding.Mend));
     QVERIFY(check::Check(&Connection, Picks({"city", "state"})).IsFit());
@@ -249,6 +272,35 @@ void tst_Check::shouldTellAMissingRight() {
   const QString Name = Database.connectionName();
   Database = {};
   QSqlDatabase::removeDatabase(Name);
+}
+
+// A server that says nothing of a table of which the account may not even know.
+void tst_Check::shouldTellOfATableThatTheAccountMayNotSee() {
+  const auto Backend = support::OpenOrSkip(*Backends_, TBackendKind::MariaDB);
+  if (Backend == nullptr) return;
+  Backend->ExecuteBeside("CREATE USER blind@localhost");
+  Backend->ExecuteBeside("GRANT SELECT ON sys TO blind@localhost");
+  QSqlDatabase Database = Backends_->Connect(*Backend, "blind");
+  {
+    ads::TAdsConnection Connection(Database);
+    const TFinding Finding = Only(check::Check(&Connection, Picks({"city"})));
+    QCOMPARE(Finding.Kind, TFindingKind::MissingTable);
+    QVERIFY2(Finding.Text.find("Or the account may not read it: SELECT command denied to user") != Finding.Text.npos,
+             Finding.Text.c_str());
+  }
+  const QString Name = Database.connectionName();
+  Database = {};
+  QSqlDatabase::removeDatabase(Name);
+}
+
+void tst_Check::shouldTellOfATableUnderANameWithCapitals() {
+  const auto Backend = support::OpenOrSkip(*Backends_, TBackendKind::MariaDB);
+  if (Backend == nullptr) return;
+  Backend->ExecuteBeside("RENAME TABLE area TO `Area`");
+  const TFinding Finding = Only(check::Check(Backend->Connection(), Picks({"city"})));
+  QVERIFY2(Finding.Text.find("\"Area\" stands in \"" + Backend->Database().databaseName().toStdString() +
+                             "\"; names must be in lower case") != Finding.Text.npos,
+           Finding.Text.c_str());
 }
 
 void tst_Check::shouldTellOfASchemaThatMayNotBeUsed() {
@@ -277,12 +329,15 @@ void tst_Check::shouldTellAMissingCollation() {
 // A view that gives a value which cannot be compared, or none at all.
 void tst_Check::shouldNameAQueryThatFailsForAnotherReason() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP TABLE Periods");
+  Backend->ExecuteBeside("DROP TABLE " + Written(Kind, "Periods"));
+  if (support::IsOnMariaDB(Kind)) Backend->ExecuteBeside("CREATE TABLE gone (a INTEGER)");
   Backend->ExecuteBeside(
-      support::IsOnPostgreSQL(Kind)
+      support::IsOnMariaDB(Kind) ? "CREATE VIEW periods AS SELECT a AS period FROM gone"
+      : support::IsOnPostgreSQL(Kind)
           ? "CREATE VIEW periods AS SELECT CAST('{}' AS json) AS period, CURRENT_DATE AS start, CURRENT_DATE AS "
             "\"end\", '202601' AS realperiod, CURRENT_DATE AS closed"
           : "CREATE VIEW Periods AS SELECT NoSuchColumn AS Period FROM Area");
+  if (support::IsOnMariaDB(Kind)) Backend->ExecuteBeside("DROP TABLE gone");
   const TReport Report = check::Check(Backend->Connection(), Picks({"city", "aging-period"}));
   QVERIFY(Works(Report, "city"));
   QVERIFY(!Works(Report, "aging-period"));
@@ -392,16 +447,19 @@ void tst_Check::shouldDoOnAConnectionThatMayOnlyRead() {
 // Even where queries fail.
 void tst_Check::shouldKeepTheHostsTransaction() {
   OPEN_BACKEND();
-  Backend->ExecuteBeside("DROP TABLE State");
-  Backend->ExecuteBeside("ALTER TABLE Cust DROP COLUMN Addr1");
+  Backend->ExecuteBeside("DROP TABLE " + Written(Kind, "State"));
+  Backend->ExecuteBeside("ALTER TABLE " + Written(Kind, "Cust") + " DROP COLUMN Addr1");
   QSqlDatabase Host = Backend->Database();
   QVERIFY(Host.transaction());
-  Backend->Execute("INSERT INTO Area (Zip) VALUES ('0000 HERE')");
+  Backend->Execute("INSERT INTO " + Written(Kind, "Area") + " (Zip) VALUES ('0000 HERE')");
   QVERIFY(!check::Check(Backend->Connection(), Picks({"city", "state", "customer"})).IsFit());
-  QCOMPARE(TBackend::Value(Host, "SELECT COUNT(*) FROM Area WHERE Zip = '0000 HERE'").toInt(), 1);
-  QCOMPARE(Backend->ValueBeside("SELECT COUNT(*) FROM Area WHERE Zip = '0000 HERE'").toInt(), 0);
+  QCOMPARE(TBackend::Value(Host, "SELECT COUNT(*) FROM " + Written(Kind, "Area") + " WHERE Zip = '0000 HERE'").toInt(),
+           1);
+  QCOMPARE(Backend->ValueBeside("SELECT COUNT(*) FROM " + Written(Kind, "Area") + " WHERE Zip = '0000 HERE'").toInt(),
+           0);
   QVERIFY(Host.commit());
-  QCOMPARE(Backend->ValueBeside("SELECT COUNT(*) FROM Area WHERE Zip = '0000 HERE'").toInt(), 1);
+  QCOMPARE(Backend->ValueBeside("SELECT COUNT(*) FROM " + Written(Kind, "Area") + " WHERE Zip = '0000 HERE'").toInt(),
+           1);
 }
 
 // A view that would take for ever is prepared like any other.

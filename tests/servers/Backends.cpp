@@ -89,6 +89,10 @@ bool IsOnMariaDB(TBackendKind Kind) {
   return Kind == TBackendKind::MariaDB || Kind == TBackendKind::ODBCMariaDB;
 }
 
+bool IsByODBC(TBackendKind Kind) {
+  return DriverOf(Kind) == QLatin1String("QODBC");
+}
+
 TBackend::TBackend(TBackendKind Kind, QSqlDatabase Database, QSqlDatabase Beside, std::unique_ptr<QTemporaryDir> Folder)
     : Kind_(Kind), Folder_(std::move(Folder)), Database_(std::move(Database)), Beside_(std::move(Beside)) {
   Connection_ = std::make_unique<ads::TAdsConnection>(Database_);
@@ -164,6 +168,10 @@ QString TBackends::NewMariaDBDatabase() {
     TBackend::Execute(Database, QStringLiteral("CREATE DATABASE company"));
     sample::CreateCompanyOnServer(MariaDB().Address(QStringLiteral("company")));
     HasMariaDBCompany_ = true;
+    if (RecordsOnMariaDB_) {
+      TBackend::Execute(Database, QStringLiteral("SET GLOBAL log_output = 'TABLE'"));
+      TBackend::Execute(Database, QStringLiteral("SET GLOBAL general_log = ON"));
+    }
   }
   TBackend::Execute(Database, QStringLiteral("CREATE DATABASE %1").arg(Name));
   QSqlQuery Tables(QStringLiteral("SELECT table_name FROM information_schema.tables WHERE table_schema = 'company'"),

@@ -17,19 +17,15 @@ namespace support {
 /// The kinds of connection over which a pick must give the same.
 enum class TBackendKind { SQLite, PostgreSQL, ODBCSQLite, ODBCPostgreSQL, OtherSQLite, MariaDB, ODBCMariaDB };
 
-inline constexpr TBackendKind AllBackends[] = {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::ODBCSQLite,
-                                               TBackendKind::ODBCPostgreSQL};
+inline constexpr TBackendKind AllBackends[] = {TBackendKind::SQLite,         TBackendKind::PostgreSQL,
+                                               TBackendKind::MariaDB,        TBackendKind::ODBCSQLite,
+                                               TBackendKind::ODBCPostgreSQL, TBackendKind::ODBCMariaDB};
 
 /// The same, and Qt's own driver with a SQLite library that says of itself that it is another build than this
 /// program's.
-inline constexpr TBackendKind AllAndOtherSQLite[] = {TBackendKind::SQLite, TBackendKind::PostgreSQL,
-                                                     TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
-                                                     TBackendKind::OtherSQLite};
-
-/// All of them with those on a MariaDB server, which the tests that watch a server by its own means leave out.
 inline constexpr TBackendKind EveryBackend[] = {
-    TBackendKind::SQLite,      TBackendKind::PostgreSQL, TBackendKind::ODBCSQLite, TBackendKind::ODBCPostgreSQL,
-    TBackendKind::OtherSQLite, TBackendKind::MariaDB,    TBackendKind::ODBCMariaDB};
+    TBackendKind::SQLite,         TBackendKind::PostgreSQL,  TBackendKind::MariaDB,    TBackendKind::ODBCSQLite,
+    TBackendKind::ODBCPostgreSQL, TBackendKind::ODBCMariaDB, TBackendKind::OtherSQLite};
 
 /// To name a test's row after.
 const char* NameOf(TBackendKind Kind);
@@ -38,6 +34,9 @@ const char* NameOf(TBackendKind Kind);
 bool IsOnPostgreSQL(TBackendKind Kind);
 
 bool IsOnMariaDB(TBackendKind Kind);
+
+/// Whether the data are reached by ODBC.
+bool IsByODBC(TBackendKind Kind);
 
 /// A sample company of its own behind one kind of connection, open as a host would have it, for a test to pick from and
 /// to change.
@@ -87,7 +86,8 @@ class TBackends {
   /// Why a kind is not to be had on this machine, for QSKIP; empty when it is.
   QString Missing(TBackendKind Kind);
 
-  /// A backend of a kind that is there. `Options` are added to the connection text of ODBC.
+  /// A backend of a kind that is there. `Options` are added to the connection text of ODBC, or to the options of the
+  /// driver for MariaDB.
   std::unique_ptr<TBackend> Open(TBackendKind Kind, const QString& Options = {});
 
   /// A new open connection to a backend's data as the host's, or under another account of the server.
@@ -97,6 +97,9 @@ class TBackends {
 
   /// The MariaDB server.
   TThrowawayMariaDB& MariaDB();
+
+  /// Has the MariaDB server, as soon as it runs, write every statement that it gets to its own table for that.
+  void RecordOnMariaDB() { RecordsOnMariaDB_ = true; }
 
   /// From here on SQLite is reached by ODBC through another driver, which is SQLite's in the end; named by its file.
   void UseSQLiteDriver(const QString& FileName) { SQLiteDriver_ = FileName; }
@@ -112,6 +115,7 @@ class TBackends {
   std::unique_ptr<TThrowawayMariaDB> MariaDB_;
   QString SQLiteDriver_ = QStringLiteral("{SQLite3}");  // as its package registers it
   bool HasMariaDBCompany_ = false;
+  bool RecordsOnMariaDB_ = false;
   int Databases_ = 0;
 };
 

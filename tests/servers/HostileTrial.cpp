@@ -29,7 +29,20 @@ QStringList Names(const QSqlDatabase& Database, const QString& Sql) {
   return Result;
 }
 
+// A table of that server has no name for the place of a row.
+void ShrinkOnMariaDB(const TBackend& Backend) {
+  for (const QString& Name :
+       Names(Backend.Beside(), QStringLiteral("SELECT table_name FROM information_schema.tables WHERE table_schema = "
+                                              "DATABASE() AND table_type = 'BASE TABLE'"))) {
+    const int Count = Backend.ValueBeside(QStringLiteral("SELECT COUNT(*) FROM `%1`").arg(Name)).toInt();
+    if (Count <= RowsOfEachTable) continue;
+    Backend.Execute(Backend.Beside(),
+                    QStringLiteral("DELETE FROM `%1` LIMIT %2").arg(Name).arg(Count - RowsOfEachTable));
+  }
+}
+
 void Shrink(const TBackend& Backend) {
+  if (IsOnMariaDB(Backend.Kind())) return ShrinkOnMariaDB(Backend);
   const bool OnServer = IsOnPostgreSQL(Backend.Kind());
   const QString Place = OnServer ? QStringLiteral("ctid") : QStringLiteral("rowid");
   const QString Tables = OnServer ? QStringLiteral("SELECT tablename FROM pg_tables WHERE schemaname = 'public'")
@@ -56,6 +69,15 @@ void AddActingFunctions(TBackend& Backend) {
   }
 }
 
+// What acts when it is called, of the database's owner, and what would be acted on.
+void AddActingToMariaDB(TBackend& Backend) {
+  Backend.ExecuteBeside(
+      QStringLiteral("CREATE FUNCTION acting(a TEXT) RETURNS INTEGER MODIFIES SQL DATA BEGIN "
+                     "INSERT INTO area (zip) VALUES ('acted'); RETURN GET_LOCK('zul', 0); END"));
+  Backend.ExecuteBeside(QStringLiteral("CREATE SEQUENCE zul_sequence"));
+  QSqlQuery(Backend.Beside()).exec(QStringLiteral("INSTALL SONAME 'metadata_lock_info'"));  // the server's, so once
+}
+
 }  // namespace
 
 THostileBackends::THostileBackends() {
@@ -73,6 +95,10 @@ std::unique_ptr<TBackend> THostileBackends::Open(TBackendKind Kind) {
   if (IsOnPostgreSQL(Kind)) {
     AddActingFunctions(*Backend);
     Backend->Execute(QStringLiteral("SET statement_timeout = %1").arg(LongestRun));
+  }
+  if (IsOnMariaDB(Kind)) {
+    AddActingToMariaDB(*Backend);
+    Backend->Execute(QStringLiteral("SET max_statement_time = %1").arg(LongestRun / 1000));
   }
   Backend->Connection()->OpenCursor("SELECT 1 X");  // which gives a connection its functions
   return Backend;

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QThread>
 
 namespace support {
@@ -70,10 +72,15 @@ QString WithoutPlaces(QString Statement) {
   return Statement.replace(Places, QStringLiteral("\\1"));
 }
 
+// A text that MariaDB gets as its bytes, in the way in which it gets another one.
+QString WithQuotedBytes(QString Statement) {
+  return Statement.replace(QLatin1String("_utf8mb4 X'"), QLatin1String("'"));
+}
+
 }  // namespace
 
 QString ShapeOf(const QString& Statement) {
-  const QString Sql = WithoutPlaces(Statement);
+  const QString Sql = WithQuotedBytes(WithoutPlaces(Statement));
   QString Result;
   Result.reserve(Sql.size());
   QChar Before = u' ';  // the last character that is no blank
@@ -103,6 +110,7 @@ QString ShapeOf(const QString& Statement) {
 }
 
 void RecordStatements(TBackends& Backends) {
+  Backends.RecordOnMariaDB();
   if (!Backends.Server().IsRunning()) return;
   {
     QSqlDatabase Database = Backends.Server().Connect(QStringLiteral("recording"));
@@ -126,6 +134,10 @@ TSentStatements::TSentStatements(TBackend& Backend, TBackends& Backends) : Backe
     case TBackendKind::ODBCSQLite:
       FileName_ = QFile::decodeName(qgetenv("ZUL_ODBC_RECORD"));
       break;
+    case TBackendKind::MariaDB:
+    case TBackendKind::ODBCMariaDB:
+      Session_ = TBackend::Value(Backend.Database(), QStringLiteral("SELECT CONNECTION_ID()")).toString();
+      break;
     default:
       FileName_ = Backends.Server().Host() + QLatin1String("/data/log/statements.log");
       Session_ = TBackend::Value(Backend.Database(), QStringLiteral("SELECT pg_backend_pid()")).toString();
@@ -145,6 +157,7 @@ int TSentStatements::Trace(unsigned, void* Self, void*, void* Text) {
 
 QStringList TSentStatements::Take() {
   if (Handle_ != nullptr) return std::exchange(Traced_, {});
+  if (IsOnMariaDB(Backend_.Kind())) return TakeFromMariaDB();
   return Backend_.Kind() == TBackendKind::ODBCSQLite ? TakeFromDriver() : TakeFromServer();
 }
 
@@ -157,6 +170,22 @@ QStringList TSentStatements::TakeFromDriver() {
   for (const QByteArray& Text : Bytes.split('\0')) {
     if (!Text.isEmpty()) Result << QString::fromUtf8(Text);
   }
+  return Result;
+}
+
+QStringList TSentStatements::TakeFromMariaDB() {
+  QStringList Result;
+  {
+    QSqlQuery Query(Backend_.Beside());
+    Query.setForwardOnly(true);
+    if (!Query.exec(QStringLiteral("SELECT CONVERT(argument USING utf8mb4) FROM mysql.general_log WHERE thread_id = %1 "
+                                   "AND command_type IN ('Query', 'Prepare', 'Execute')")
+                        .arg(Session_))) {
+      qFatal("The server does not write down its statements: %s", qPrintable(Query.lastError().text()));
+    }
+    while (Query.next()) Result << Query.value(0).toString();
+  }
+  Backend_.ExecuteBeside(QStringLiteral("TRUNCATE mysql.general_log"));
   return Result;
 }
 

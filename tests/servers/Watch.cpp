@@ -48,6 +48,27 @@ QString ServerContents(const QSqlDatabase& Database) {
          Rows(Database, Tables.chopped(1));
 }
 
+QStringList MariaDBTables(const QSqlDatabase& Database, const char* Type) {
+  QString Found = Rows(Database,
+                       "SELECT concat('`', table_name, '`') FROM information_schema.tables WHERE table_schema = "
+                       "DATABASE() AND table_type = '" +
+                           QLatin1String(Type) + "' ORDER BY 1");
+  return Found.remove(u'|').split(u' ', Qt::SkipEmptyParts);
+}
+
+// All that a MariaDB database holds, its accounts and routines included; but for sequences, beside which a transaction
+// cannot have savepoints.
+QString MariaDBContents(const QSqlDatabase& Database) {
+  QStringList Tables = MariaDBTables(Database, "BASE TABLE");
+  for (const char* Table : {"global_priv", "db", "proc", "event", "plugin", "servers", "func"}) {
+    Tables << QLatin1String("mysql.") + QLatin1String(Table);
+  }
+  return Rows(Database, "CHECKSUM TABLE " + Tables.join(u',')) +
+         Rows(Database,
+              "SELECT table_schema, table_name, auto_increment FROM information_schema.tables WHERE table_schema NOT "
+              "IN ('mysql', 'information_schema', 'performance_schema') ORDER BY 1, 2");
+}
+
 QString FileContents(const QString& Name) {
   QFile File(Name);
   return File.open(QIODevice::ReadOnly) ? HashOf(File.readAll()) : QString();
@@ -56,8 +77,9 @@ QString FileContents(const QString& Name) {
 }  // namespace
 
 QString Contents(const TBackend& Backend) {
-  return IsOnPostgreSQL(Backend.Kind()) ? ServerContents(Backend.Beside())
-                                        : FileContents(Backend.Beside().databaseName());
+  if (IsOnPostgreSQL(Backend.Kind())) return ServerContents(Backend.Beside());
+  return IsOnMariaDB(Backend.Kind()) ? MariaDBContents(Backend.Beside())
+                                     : FileContents(Backend.Beside().databaseName());
 }
 
 TWatch::TWatch(TBackends& Backends, TBackend& Backend) : Backend_(Backend) {
@@ -74,6 +96,10 @@ TWatch::TWatch(TBackends& Backends, TBackend& Backend) : Backend_(Backend) {
     if (Driver->subscribedToNotifications().isEmpty()) Driver->subscribeToNotification(QStringLiteral("zul"));
     connect(Driver, &QSqlDriver::notification, this, [this](const QString& Channel) { Notifications_ << Channel; });
     Rows(Backend_.Database(), QStringLiteral("SELECT setseed(%1)").arg(Seed));
+  } else if (IsOnMariaDB(Backend.Kind())) {
+    Bystander_ = Backends.Connect(Backend);
+    Names_.Session = TBackend::Value(Bystander_, QStringLiteral("SELECT CONNECTION_ID()")).toString();
+    Names_.Database = Backend.ValueBeside(QStringLiteral("SELECT DATABASE()")).toString();
   }
   Before_ = State();
   Before_ = State();  // once more: the first look may itself have had to read what is then kept
@@ -103,6 +129,8 @@ TWatch::TState TWatch::State() {
   if (IsOnPostgreSQL(Backend_.Kind())) {
     AddSession(Result);
     AddServer(Result);
+  } else if (IsOnMariaDB(Backend_.Kind())) {
+    AddMariaDB(Result);
   } else {
     AddSQLite(Result);
   }
@@ -114,6 +142,7 @@ TWatch::TState TWatch::State() {
 QString TWatch::ContentsForHost() const {
   const QSqlDatabase Host = Backend_.Database();
   if (IsOnPostgreSQL(Backend_.Kind())) return ServerContents(Host);
+  if (IsOnMariaDB(Backend_.Kind())) return MariaDBContents(Host);
   QString Result = Rows(Host, QStringLiteral("SELECT * FROM sqlite_master"));
   QSqlQuery Tables(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'"), Host);
   QStringList Names;
@@ -158,6 +187,49 @@ void TWatch::AddServer(TState& State) const {
            "SELECT pg_conf_load_time(), pg_current_logfile(), (SELECT count(*) FROM pg_replication_slots), "
            "(SELECT count(*) FROM pg_replication_origin), (SELECT count(*) FROM pg_prepared_xacts), "
            "(SELECT max(stats_reset) FROM pg_stat_database), (SELECT stats_reset FROM pg_stat_bgwriter)");
+}
+
+void TWatch::AddMariaDB(TState& State) const {
+  const QSqlDatabase Host = Backend_.Database();
+  const QString Session = Rows(Host, "SELECT CONNECTION_ID()").remove(u'|');
+  State["session"] = Session + Rows(Host, "SELECT CURRENT_USER(), DATABASE(), @@in_transaction, LAST_INSERT_ID()");
+  State["variables"] = Rows(Host, "SELECT variable_name, variable_value FROM information_schema.user_variables");
+  State["settings"] = Rows(
+      Host,
+      "SELECT md5(group_concat(variable_name, variable_value ORDER BY 1)) FROM information_schema.session_variables "
+      "WHERE variable_name NOT IN ('TIMESTAMP', 'ERROR_COUNT', 'WARNING_COUNT', 'IDENTITY')");
+  State["temporary tables"] =
+      Rows(Host, "SELECT table_name FROM information_schema.tables WHERE table_type = 'TEMPORARY'");
+  State["random"] = Rows(Host, "SELECT RAND()");
+  Rows(Host, "SET rand_seed1 = 1, rand_seed2 = 2");
+  const QSqlDatabase Beside = Backend_.Beside();
+  State["transaction"] = Rows(Beside,
+                              "SELECT trx_state, trx_isolation_level, trx_is_read_only, trx_rows_modified > 0 FROM "
+                              "information_schema.innodb_trx WHERE trx_mysql_thread_id = " +
+                                  Session);
+  // What the host reads for this watch within its own transaction stays locked as well.
+  if (State["transaction"].isEmpty()) {
+    State["locks"] = Rows(Beside,
+                          "SELECT lock_mode, table_schema, table_name FROM information_schema.metadata_lock_info WHERE "
+                          "thread_id = " +
+                              Session + " ORDER BY 1, 2, 3");
+  }
+  for (const QString& Name : MariaDBTables(Beside, "SEQUENCE")) {
+    State["sequence " + Name] = Rows(Beside, "SELECT next_not_cached_value FROM " + Name);
+  }
+  State["named locks"] = Rows(Beside, "SELECT IS_USED_LOCK('zul')");
+  State["sessions"] =
+      Rows(Beside, "SELECT id, user FROM information_schema.processlist WHERE user = 'tester' ORDER BY 1");
+  State["prepared"] =
+      Rows(Beside,
+           "SELECT variable_value FROM information_schema.global_status WHERE variable_name = 'PREPARED_STMT_COUNT'");
+  State["server"] = Rows(Beside,
+                         "SELECT md5(group_concat(variable_name, variable_value ORDER BY 1)) FROM "
+                         "information_schema.global_variables WHERE variable_name NOT LIKE '%gtid%'");
+  State["files beside"] =
+      QDir(TBackend::Value(Beside, QStringLiteral("SELECT @@datadir")).toString() + Beside.databaseName())
+          .entryList(QDir::Files)
+          .join(u' ');
 }
 
 void TWatch::AddSQLite(TState& State) const {

@@ -36,6 +36,7 @@ class TWatch : public QObject {
   TState State();
   void AddServer(TState& State) const;
   void AddSession(TState& State) const;
+  void AddMariaDB(TState& State) const;
   void AddSQLite(TState& State) const;
   QString ContentsForHost() const;
 

@@ -39,12 +39,30 @@ class tst_BadDays : public QObject {
   std::unique_ptr<ads::TAdsQuery> List_;
   ads::TField* Zip_ = nullptr;
 
-  void AddBackends(bool OnlyPostgreSQL) {
+  void AddBackends(bool OnlyServers) {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllAndOtherSQLite) {
-      if (!OnlyPostgreSQL || support::IsOnPostgreSQL(Kind)) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) {
+      const bool IsServer = support::IsOnPostgreSQL(Kind) || support::IsOnMariaDB(Kind);
+      if (!OnlyServers || IsServer) QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
+  bool IsOnMariaDB() const { return support::IsOnMariaDB(Company_->Kind()); }
+  // The host's session, as the server counts them; how it is ended, and how one sees that it has.
+  QString Session() const {
+    return TBackend::Value(Company_->Database(), IsOnMariaDB() ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()")
+        .toString();
+  }
+  void EndSession(const QString& Number) {
+    Company_->ExecuteBeside(IsOnMariaDB() ? "KILL CONNECTION " + Number
+                                          : "SELECT pg_terminate_backend(" + Number + ")");
+  }
+  int SessionsOf(const QString& Number) const {
+    const QString Sessions =
+        IsOnMariaDB() ? "information_schema.processlist WHERE id = " : "pg_stat_activity WHERE pid = ";
+    return Company_->ValueBeside("SELECT COUNT(*) FROM " + Sessions + Number).toInt();
+  }
+  void StopServer() { IsOnMariaDB() ? Backends_->MariaDB().Stop() : Backends_->Server().Stop(); }
+  bool RestartServer() { return IsOnMariaDB() ? Backends_->MariaDB().Restart() : Backends_->Server().Restart(); }
   bool Open(const QString& Options = {}) {
     const TBackendKind Kind = *static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()));
     Company_ = support::OpenOrSkip(*Backends_, Kind, Options);
@@ -112,12 +130,12 @@ class tst_BadDays : public QObject {
     if (!Open()) return;
     const int Count = List_->RecordCount();
     const std::string First = Zip_->AsString();
-    Backends_->Server().Stop();
+    StopServer();
     const std::string Gone = Reopen();
     VERIFY_CONTAINS(Gone, Lost);
     KeepsItsRows(Count, First);
     VERIFY_CONTAINS(Reopen(), Lost);  // and once more when it is asked again
-    QVERIFY(Backends_->Server().Restart());
+    QVERIFY(RestartServer());
     VERIFY_CONTAINS(Reopen(),
                     Lost);  // what the host had set up in its session is gone: only the host may open it again
     KeepsItsRows(Count, First);
@@ -130,25 +148,32 @@ class tst_BadDays : public QObject {
     if (!Open()) return;
     const int Count = List_->RecordCount();
     const std::string First = Zip_->AsString();
-    const QString Process = TBackend::Value(Company_->Database(), "SELECT pg_backend_pid()").toString();
-    Company_->ExecuteBeside("SELECT pg_terminate_backend(" + Process + ")");
-    QTRY_COMPARE(Company_->ValueBeside("SELECT COUNT(*) FROM pg_stat_activity WHERE pid = " + Process).toInt(), 0);
+    const QString Mine = Session();
+    EndSession(Mine);
+    QTRY_COMPARE(SessionsOf(Mine), 0);
     VERIFY_CONTAINS(Reopen(), Lost);
     KeepsItsRows(Count, First);
     OpenAgain();
   }
 
-  void shouldSayThatTheConnectionWasCutInTheMidstOfTheRows_data() { AddBackends(true); }
+  // MariaDB's driver for ODBC has every row before the first one is read; PostgreSQL's unless it is asked for portions.
+  void shouldSayThatTheConnectionWasCutInTheMidstOfTheRows_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : {TBackendKind::PostgreSQL, TBackendKind::ODBCPostgreSQL, TBackendKind::MariaDB}) {
+      QTest::newRow(support::NameOf(Kind)) << Kind;
+    }
+  }
   void shouldSayThatTheConnectionWasCutInTheMidstOfTheRows() {
-    if (!Open("UseDeclareFetch=1")) return;
-    const QString Process = TBackend::Value(Company_->Database(), "SELECT pg_backend_pid()").toString();
+    QFETCH(const TBackendKind, Kind);
+    if (!Open(Kind == TBackendKind::ODBCPostgreSQL ? "UseDeclareFetch=1" : "")) return;
+    const QString Mine = Session();
     ads::TAdsQuery Long(nullptr);
     Long.SetConnection(Company_->Connection());
     Long.AddField("ID", ads::TFieldType::ftString, 6);
     Long.SQL()->Add("SELECT A.ID FROM Cust A, Cust B, Cust C");
     int Calls = 0;
     Long.OnProgress = [&] {
-      if (++Calls == 2) Company_->ExecuteBeside("SELECT pg_terminate_backend(" + Process + ")");
+      if (++Calls == 2) EndSession(Mine);
     };
     const std::string Message = MessageOf([&] { Long.Open(); });
     VERIFY_CONTAINS(Message, Lost);
@@ -163,7 +188,8 @@ class tst_BadDays : public QObject {
     const QByteArray Options[] = {"UseDeclareFetch=0;StepAPI=0", "UseDeclareFetch=1;StepAPI=1"};
     for (const QByteArray& Option : Options) {
       for (const bool ReopensAtOnce : {false, true}) {
-        if (!Open(Option)) return;
+        QFETCH(const TBackendKind, Kind);
+        if (!Open(Kind == TBackendKind::MariaDB ? QByteArray() : Option)) return;
         const int Count = List_->RecordCount();
         const std::string First = Zip_->AsString();
         const qsizetype Files = OpenFiles();
@@ -208,30 +234,36 @@ class tst_BadDays : public QObject {
     if (!Open()) return;
     const int Count = List_->RecordCount();
     const std::string First = Zip_->AsString();
-    Company_->Execute("SET statement_timeout = '200ms'");
+    Company_->Execute(IsOnMariaDB() ? "SET max_statement_time = 0.2" : "SET statement_timeout = '200ms'");
     for (const bool InTransaction : {false, true}) {
       if (InTransaction) QVERIFY(Company_->Database().transaction());
       const std::string Message = MessageOf([this] { Rows("SELECT COUNT(*) X FROM Cust A, Cust B, Cust C, Cust D"); });
-      VERIFY_CONTAINS(Message, "canceling statement due to statement timeout");
+      VERIFY_CONTAINS(Message, IsOnMariaDB() ? "Query execution was interrupted (max_statement_time exceeded)"
+                                             : "canceling statement due to statement timeout");
       KeepsItsRows(Count, First);
       QCOMPARE(Reopen(), std::string("nothing was thrown"));
       if (InTransaction) QVERIFY(Company_->Database().commit());
     }
-    QCOMPARE(TBackend::Value(Company_->Database(), "SHOW statement_timeout").toString(), QString("200ms"));
+    if (IsOnMariaDB()) {
+      QCOMPARE(TBackend::Value(Company_->Database(), "SELECT @@max_statement_time").toDouble(), 0.2);
+    } else {
+      QCOMPARE(TBackend::Value(Company_->Database(), "SHOW statement_timeout").toString(), QString("200ms"));
+    }
   }
 
   void shouldSayThatATableIsLocked_data() { AddBackends(true); }
   void shouldSayThatATableIsLocked() {
     if (!Open()) return;
-    Company_->Execute("SET lock_timeout = '200ms'");
+    Company_->Execute(IsOnMariaDB() ? "SET lock_wait_timeout = 1" : "SET lock_timeout = '200ms'");
     for (const bool InTransaction : {false, true}) {
       if (InTransaction) QVERIFY(Company_->Database().transaction());
-      Company_->ExecuteBeside("BEGIN");
-      Company_->ExecuteBeside("LOCK TABLE area IN ACCESS EXCLUSIVE MODE");
-      VERIFY_CONTAINS(Reopen(), "canceling statement due to lock timeout");
+      if (!IsOnMariaDB()) Company_->ExecuteBeside("BEGIN");
+      Company_->ExecuteBeside(IsOnMariaDB() ? "LOCK TABLES area WRITE" : "LOCK TABLE area IN ACCESS EXCLUSIVE MODE");
+      VERIFY_CONTAINS(Reopen(),
+                      IsOnMariaDB() ? "Lock wait timeout exceeded" : "canceling statement due to lock timeout");
       QVERIFY(List_->Active());
       QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));  // other tables are free
-      Company_->ExecuteBeside("ROLLBACK");
+      Company_->ExecuteBeside(IsOnMariaDB() ? "UNLOCK TABLES" : "ROLLBACK");
       QCOMPARE(Reopen(), std::string("nothing was thrown"));
       if (InTransaction) QVERIFY(Company_->Database().commit());
     }

@@ -44,11 +44,11 @@ class tst_FirstRows : public QObject {
 
   void AddBackends() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllAndOtherSQLite) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void AddEmbeddedOnes() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL}) {
+    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::MariaDB}) {
       QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
@@ -58,6 +58,7 @@ class tst_FirstRows : public QObject {
     if (Host_ == nullptr) return false;
     Host_->ExecuteBeside(
         "CREATE TABLE longlist (txt VARCHAR(20), same INTEGER, void INTEGER, half INTEGER, tens INTEGER)");
+    if (support::IsOnMariaDB(Kind)) Host_->ExecuteBeside("SET max_recursive_iterations = 1000000");
     Fill(Count);
     return true;
   }
@@ -65,8 +66,11 @@ class tst_FirstRows : public QObject {
   void Fill(int Count) {
     Host_->ExecuteBeside(
         QStringLiteral("INSERT INTO longlist WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
-                       "%1) SELECT 'row ' || (1000000 + i * 7919 % 1000003), 7, NULL, i % 3, i / 10 FROM n")
-            .arg(Count));
+                       "%1) SELECT %2, 7, NULL, i % 3, %3 FROM n")
+            .arg(Count)
+            .arg(support::IsOnMariaDB(Host_->Kind()) ? "concat('row ', 1000000 + i * 7919 % 1000003)"
+                                                     : "'row ' || (1000000 + i * 7919 % 1000003)",
+                 support::IsOnMariaDB(Host_->Kind()) ? "i DIV 10" : "i / 10"));
   }
   static TLines Texts(int Count) {
     TLines Result;
@@ -322,20 +326,26 @@ class tst_FirstRows : public QObject {
     QCOMPARE(TBackend::Value(Host_->Database(), "SELECT COUNT(*) FROM longlist").toInt(), 3 * Many);
   }
 
+  void shouldKeepThePageWhenTheServerEnds_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    QTest::addColumn<QString>("Session");
+    QTest::addColumn<QString>("End");
+    QTest::newRow("PostgreSQL") << TBackendKind::PostgreSQL << "SELECT pg_backend_pid()"
+                                << "SELECT pg_terminate_backend(%1)";
+    QTest::newRow("MariaDB") << TBackendKind::MariaDB << "SELECT CONNECTION_ID()"
+                             << "KILL CONNECTION %1";
+  }
   void shouldKeepThePageWhenTheServerEnds() {
-    if (!Backends_->Missing(TBackendKind::PostgreSQL).isEmpty()) QSKIP("There is no server.");
-    Host_ = Backends_->Open(TBackendKind::PostgreSQL);
-    Host_->ExecuteBeside(
-        "CREATE TABLE longlist (txt VARCHAR(20), same INTEGER, void INTEGER, half INTEGER, tens INTEGER)");
-    Fill(Many);
-    const int Process = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toInt();
+    QFETCH(const QString, Session);
+    QFETCH(const QString, End);
+    if (!Open(10 * Many)) return;
+    const int Process = TBackend::Value(Host_->Database(), Session).toInt();
     const std::unique_ptr<TListDialog> Dialog = Listing(By("Txt"));
     QVERIFY(DrivePickAs<TListDialog>([&] { return Dialog->ShowPick(); },
                                      [&](TListDialog&) {
                                        support::ClickBox(Dialog->ckbDesc);
                                        QVERIFY(!Dialog->qryList_->IsComplete());
-                                       Host_->ExecuteBeside(
-                                           QStringLiteral("SELECT pg_terminate_backend(%1)").arg(Process));
+                                       Host_->ExecuteBeside(End.arg(Process));
                                        QTRY_COMPARE(Boxes_->Messages().size(), std::size_t{1});
                                        Expected_ = Boxes_->Messages();
                                        QVERIFY(Dialog->isVisible());
@@ -344,7 +354,7 @@ class tst_FirstRows : public QObject {
                                        support::ClickOK(*Dialog);
                                      }));
     QVERIFY(Expected_.at(0).starts_with("The connection to the database is lost"));
-    QCOMPARE(Dialog->GetID(), Texts(Many).back());
+    QCOMPARE(Dialog->GetID(), Texts(10 * Many).back());
   }
 
   void shouldStayInTheBarOfMemory_data() { AddBackends(); }
@@ -400,6 +410,13 @@ class tst_FirstRows : public QObject {
     if (Host_->Kind() == TBackendKind::SQLite) {
       const QVariant Driver = Host_->Database().driver()->handle();
       QVERIFY(sqlite3_next_stmt(*static_cast<sqlite3* const*>(Driver.constData()), nullptr) == nullptr);
+      return;
+    }
+    if (Host_->Kind() == TBackendKind::MariaDB) {
+      QTRY_COMPARE(Host_->ValueBeside("SELECT COUNT(*) FROM information_schema.innodb_trx").toInt(), 0);
+      Host_->ExecuteBeside("SET lock_wait_timeout = 1");
+      Host_->ExecuteBeside("LOCK TABLES longlist WRITE");
+      Host_->ExecuteBeside("UNLOCK TABLES");
       return;
     }
     const QString Session = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toString();

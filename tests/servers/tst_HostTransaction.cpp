@@ -55,8 +55,7 @@ class tst_HostTransaction : public QObject {
   void AddBackends() {
     QTest::addColumn<TBackendKind>("Kind");
     QTest::addColumn<QString>("Options");
-    for (const TBackendKind Kind : support::AllAndOtherSQLite)
-      QTest::newRow(support::NameOf(Kind)) << Kind << QString();
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind << QString();
     for (const char* Options : {"UseDeclareFetch=1", "UseServerSidePrepare=0", "Protocol=7.4-0"}) {
       QTest::newRow(Options) << TBackendKind::ODBCPostgreSQL << QString(Options);
     }
@@ -172,6 +171,7 @@ class tst_HostTransaction : public QObject {
   void shouldLeaveNothingBehindOutsideATransaction_data() { AddBackends(); }
   void shouldLeaveNothingBehindOutsideATransaction() {
     if (!Open()) return;
+    if (support::IsOnMariaDB(Host_->Kind())) return LeavesNothingOnMariaDB(false);
     if (!support::IsOnPostgreSQL(Host_->Kind())) return LeavesNothingInSQLite(false);
     const int Process = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toInt();
     const QStringList Before = ServerTraces(*Host_, Process);
@@ -185,6 +185,7 @@ class tst_HostTransaction : public QObject {
   void shouldLeaveNothingBehindInTheHostsTransaction_data() { AddBackends(); }
   void shouldLeaveNothingBehindInTheHostsTransaction() {
     if (!Open()) return;
+    if (support::IsOnMariaDB(Host_->Kind())) return LeavesNothingOnMariaDB(true);
     if (!support::IsOnPostgreSQL(Host_->Kind())) return LeavesNothingInSQLite(true);
     const int Process = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toInt();
     QVERIFY(Host_->Database().transaction());
@@ -203,13 +204,15 @@ class tst_HostTransaction : public QObject {
   void shouldKeepAReadingHostReading_data() {
     QTest::addColumn<TBackendKind>("Kind");
     QTest::addColumn<QString>("Options");
-    for (const TBackendKind Kind : {TBackendKind::PostgreSQL, TBackendKind::ODBCPostgreSQL}) {
-      QTest::newRow(support::NameOf(Kind)) << Kind << QString();
+    for (const TBackendKind Kind : support::AllBackends) {
+      if (support::IsOnPostgreSQL(Kind) || support::IsOnMariaDB(Kind)) {
+        QTest::newRow(support::NameOf(Kind)) << Kind << QString();
+      }
     }
   }
   void shouldKeepAReadingHostReading() {
     if (!Open()) return;
-    Host_->Execute("BEGIN READ ONLY");
+    Host_->Execute("START TRANSACTION READ ONLY");
     QVERIFY(Areas() > 0);
     QSqlQuery Query(Host_->Database());
     QVERIFY(!Query.exec("INSERT INTO area (zip) VALUES ('mine')"));
@@ -235,6 +238,33 @@ class tst_HostTransaction : public QObject {
   }
 
  private:
+  void LeavesNothingOnMariaDB(bool InTransaction) {
+    const QString Session = TBackend::Value(Host_->Database(), "SELECT CONNECTION_ID()").toString();
+    const auto Traces = [&] {
+      QStringList Result;
+      for (const QString& Sql :
+           {"SELECT count(*), coalesce(max(trx_state), '') FROM information_schema.innodb_trx WHERE "
+            "trx_mysql_thread_id = " +
+                Session,
+            QString("SELECT variable_value FROM information_schema.global_status WHERE variable_name = "
+                    "'PREPARED_STMT_COUNT'"),
+            QString("SELECT count(*) FROM information_schema.processlist WHERE user = 'tester'")}) {
+        Result << Host_->ValueBeside(Sql).toString();
+      }
+      return Result << TBackend::Value(Host_->Database(), "SELECT @@in_transaction").toString();
+    };
+    if (InTransaction) QVERIFY(Host_->Database().transaction());
+    if (InTransaction) Host_->Execute("INSERT INTO area (zip) VALUES ('mine')");
+    const QStringList Before = Traces();
+    ReadInEveryWay();
+    QCOMPARE(Traces(), Before);
+    if (InTransaction) QVERIFY(Host_->Database().commit());
+    Host_->ExecuteBeside("SET lock_wait_timeout = 1");
+    Host_->ExecuteBeside("LOCK TABLES area WRITE, cust WRITE");  // nobody holds a lock
+    QCOMPARE(Host_->ValueBeside("SELECT COUNT(*) FROM area WHERE zip = 'mine'").toInt(), InTransaction ? 1 : 0);
+    Host_->ExecuteBeside("UNLOCK TABLES");
+  }
+
   void LeavesNothingInSQLite(bool InTransaction) {
     sqlite3* Handle = nullptr;
     const QVariant Driver = Host_->Database().driver()->handle();

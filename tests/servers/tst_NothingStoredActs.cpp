@@ -39,6 +39,9 @@ std::vector<TColumn> TextColumns(const TBackend& Backend, const QString& Table) 
       support::IsOnPostgreSQL(Backend.Kind())
           ? "SELECT column_name, character_maximum_length FROM information_schema.columns WHERE table_schema = "
             "'public' AND table_name = '%1' AND data_type LIKE 'character%'"
+      : support::IsOnMariaDB(Backend.Kind())
+          ? "SELECT column_name, character_maximum_length FROM information_schema.columns WHERE table_schema = "
+            "DATABASE() AND table_name = '%1' AND data_type = 'varchar'"
           : "SELECT name, substr(type, instr(type, '(') + 1) + 0 FROM pragma_table_info('%1') WHERE type LIKE '%CHAR%'";
   std::vector<TColumn> Result;
   QSqlQuery Query(Sql.arg(Table), Backend.Beside());
@@ -50,17 +53,39 @@ QString Quoted(QString Text) {
   return '\'' + Text.replace('\'', "''") + '\'';
 }
 
+/// How a backend is asked for its tables and for the place of a row.
+struct TPlaces {
+  QString Tables;
+  QString Row;
+};
+
+TPlaces PlacesOf(const TBackend& Backend) {
+  if (support::IsOnPostgreSQL(Backend.Kind())) {
+    return {"SELECT tablename FROM pg_tables WHERE schemaname = 'public'", "ctid"};
+  }
+  if (!support::IsOnMariaDB(Backend.Kind())) {
+    return {"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'", "rowid"};
+  }
+  const QString Tables =
+      "SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE() AND table_type = 'BASE TABLE'";
+  for (const QString& Table : Values(Backend.Beside(), Tables)) {
+    Backend.Execute(Backend.Beside(), QStringLiteral("ALTER TABLE `%1` ADD COLUMN zul_place INTEGER").arg(Table));
+    Backend.Execute(Backend.Beside(), "SET @place = 0");
+    Backend.Execute(Backend.Beside(), QStringLiteral("UPDATE `%1` SET zul_place = (@place := @place + 1)").arg(Table));
+  }
+  return {Tables, "zul_place"};
+}
+
 // Writes such a text into every text of every row, as far as the table's own rules let it.
 int StoreHostileTexts(const TBackend& Backend) {
-  const bool OnServer = support::IsOnPostgreSQL(Backend.Kind());
-  const QString Tables = OnServer ? "SELECT tablename FROM pg_tables WHERE schemaname = 'public'"
-                                  : "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'";
+  const TPlaces Known = PlacesOf(Backend);
+  if (support::IsOnMariaDB(Backend.Kind()))
+    Backend.Execute(Backend.Beside(), "SET sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES'");
   int Stored = 0;
-  for (const QString& Table : Values(Backend.Beside(), Tables)) {
-    QStringList Places =
-        Values(Backend.Beside(), QStringLiteral("SELECT %1 FROM \"%2\"").arg(OnServer ? "ctid" : "rowid", Table));
+  for (const QString& Table : Values(Backend.Beside(), Known.Tables)) {
+    const QStringList Places = Values(Backend.Beside(), QStringLiteral("SELECT %1 FROM \"%2\"").arg(Known.Row, Table));
     for (qsizetype Row = 0; Row < Places.size(); ++Row) {
-      const QString Where = QStringLiteral(" WHERE %1 = '%2'").arg(OnServer ? "ctid" : "rowid", Places[Row]);
+      const QString Where = QStringLiteral(" WHERE %1 = '%2'").arg(Known.Row, Places[Row]);
       if (Row >= static_cast<qsizetype>(std::size(StoredTexts))) {
         Backend.Execute(Backend.Beside(), QStringLiteral("DELETE FROM \"%1\"").arg(Table) + Where);
         continue;

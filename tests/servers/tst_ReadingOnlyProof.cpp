@@ -158,9 +158,9 @@ class tst_ReadingOnlyProof : public QObject {
     };
     TryAll();
     QVERIFY(Company_->Database().transaction());
-    Company_->Execute("INSERT INTO terms (\"desc\") VALUES ('of the host')");
+    Company_->Execute("INSERT INTO area (zip) VALUES ('hosts')");
     TryAll();
-    Company_->Execute("DELETE FROM terms WHERE \"desc\" = 'of the host'");
+    Company_->Execute("DELETE FROM area WHERE zip = 'hosts'");
     QVERIFY(Company_->Database().commit());
     QCOMPARE(Contents(*Company_), Before);
   }

@@ -88,15 +88,22 @@ class tst_StoppedQueries : public QObject {
     QTest::newRow("PostgreSQL before the first row") << TBackendKind::PostgreSQL << NoRowsOfTexts;
     QTest::newRow("PostgreSQL in the sort") << TBackendKind::PostgreSQL << Sorting;
     QTest::newRow("PostgreSQL asleep") << TBackendKind::PostgreSQL << Sleeping;
+    QTest::newRow("MariaDB before the first row") << TBackendKind::MariaDB << NoRowsOfTexts;
+    QTest::newRow("MariaDB in the sort") << TBackendKind::MariaDB << Sorting;
+    QTest::newRow("MariaDB asleep") << TBackendKind::MariaDB << Sleeping;
   }
   bool Open() { return OpenKind(*static_cast<TBackendKind*>(QTest::qData("Kind", qMetaTypeId<TBackendKind>()))); }
   bool OpenKind(TBackendKind Kind, const QString& Options = {}) {
     Host_ = support::OpenOrSkip(*Backends_, Kind, Options);
     if (Host_ == nullptr) return false;
-    if (!support::IsOnPostgreSQL(Kind)) return true;
-    Host_->Execute(
-        "CREATE VIEW sleepy AS SELECT id, pg_sleep(60)::text AS nap FROM cust WHERE pg_sleep(60) IS NOT NULL");
-    Process_ = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toInt();
+    if (support::IsOnMariaDB(Kind)) {
+      Host_->Execute("CREATE VIEW sleepy AS SELECT id, SLEEP(60) AS nap FROM cust WHERE SLEEP(60) IS NOT NULL");
+      Process_ = TBackend::Value(Host_->Database(), "SELECT CONNECTION_ID()").toInt();
+    } else if (support::IsOnPostgreSQL(Kind)) {
+      Host_->Execute(
+          "CREATE VIEW sleepy AS SELECT id, pg_sleep(60)::text AS nap FROM cust WHERE pg_sleep(60) IS NOT NULL");
+      Process_ = TBackend::Value(Host_->Database(), "SELECT pg_backend_pid()").toInt();
+    }
     return true;
   }
   QStringList Rows(const std::string& Sql) { return Values(*Host_->Connection(), Sql); }
@@ -107,6 +114,15 @@ class tst_StoppedQueries : public QObject {
 
   // What the session does, as others see it.
   QString Activity() const {
+    if (support::IsOnMariaDB(Host_->Kind())) {
+      const QString Session = QString::number(Process_);
+      return Host_
+          ->ValueBeside(
+              "SELECT concat(if(command = 'Sleep', 'idle', command), if(EXISTS (SELECT 1 FROM "
+              "information_schema.innodb_trx WHERE trx_mysql_thread_id = " +
+              Session + "), ' in transaction', ' - 0')) FROM information_schema.processlist WHERE id = " + Session)
+          .toString();
+    }
     return Host_
         ->ValueBeside(QStringLiteral("SELECT state || ' ' || coalesce(backend_xmin::text, '-') || ' ' || (SELECT "
                                      "COUNT(*) FROM pg_locks L WHERE L.pid = A.pid AND relation IS NOT NULL) FROM "
@@ -127,7 +143,8 @@ class tst_StoppedQueries : public QObject {
       QTRY_VERIFY_WITH_TIMEOUT(Activity().startsWith("idle in transaction"), Moment);
       QSqlQuery Query(Host_->Database());
       QVERIFY(Query.exec("SAVEPOINT mine"));
-      QVERIFY(!Query.exec("RELEASE SAVEPOINT zul_pick"));  // there is none
+      QVERIFY(!Query.exec(support::IsOnMariaDB(Host_->Kind()) ? "RELEASE SAVEPOINT zul_pick_c4f1a90e"
+                                                              : "RELEASE SAVEPOINT zul_pick"));  // there is none
       QVERIFY(Query.exec("ROLLBACK TO SAVEPOINT mine"));
     }
   }
@@ -211,6 +228,7 @@ class tst_StoppedQueries : public QObject {
     QTest::addColumn<TListSource>("Slow");
     QTest::newRow("SQLite") << TBackendKind::SQLite << NoRowsOfTexts;
     QTest::newRow("PostgreSQL") << TBackendKind::PostgreSQL << Sleeping;
+    QTest::newRow("MariaDB") << TBackendKind::MariaDB << Sleeping;
   }
   void shouldStopByTheCancelButton() {
     if (!Open()) return;
@@ -249,6 +267,7 @@ class tst_StoppedQueries : public QObject {
     QTest::addColumn<TListSource>("Slow");
     QTest::newRow("SQLite") << TBackendKind::SQLite << NoRowsOfTexts;
     QTest::newRow("PostgreSQL") << TBackendKind::PostgreSQL << Sleeping;
+    QTest::newRow("MariaDB") << TBackendKind::MariaDB << Sleeping;
   }
   void shouldEndAndCloseWithItsWindow() {
     if (!Open()) return;
@@ -292,7 +311,7 @@ class tst_StoppedQueries : public QObject {
   // The rest of a list that is wanted for the End key: what is there stays, and can be left for another order.
   void shouldStopWaitingForTheEndOfTheList_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL}) {
+    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::MariaDB}) {
       QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
@@ -323,11 +342,18 @@ class tst_StoppedQueries : public QObject {
   }
 
   // It would be answered by the statement that comes next.
+  void shouldNotHitWhatComesNextInTheMomentTheRowsEnd_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    QTest::addColumn<QString>("Sleep");
+    QTest::newRow("PostgreSQL") << TBackendKind::PostgreSQL << "pg_sleep(%1)";
+    QTest::newRow("MariaDB") << TBackendKind::MariaDB << "SLEEP(%1)";
+  }
   void shouldNotHitWhatComesNextInTheMomentTheRowsEnd() {
-    if (!OpenKind(TBackendKind::PostgreSQL)) return;
+    QFETCH(const QString, Sleep);
+    if (!Open()) return;
     Host_->Execute("CREATE TABLE nap (seconds DOUBLE PRECISION)");
     Host_->Execute("INSERT INTO nap VALUES (0)");
-    Host_->Execute("CREATE VIEW napping AS SELECT pg_sleep(seconds)::text AS zip FROM nap");
+    Host_->Execute("CREATE VIEW napping AS SELECT CAST(" + Sleep.arg("seconds") + " AS CHAR(10)) AS zip FROM nap");
     for (int Time = 0; Time < 40; ++Time) {
       Host_->Execute(QStringLiteral("UPDATE nap SET seconds = %1").arg(0.015 + Time * 0.00075));
       ads::TAdsQuery List(nullptr);
@@ -337,7 +363,7 @@ class tst_StoppedQueries : public QObject {
       List.OnProgress = [&] { List.Stop(); };
       const bool IsOpen = List.Open();
       QCOMPARE(List.Active(), IsOpen);
-      Host_->Execute("SELECT pg_sleep(0.005)");
+      Host_->Execute("SELECT " + Sleep.arg("0.005"));
       QCOMPARE(Rows("SELECT COUNT(*) X FROM Cust"), QStringList("1000"));
     }
     LeftNothing(false);
@@ -345,12 +371,12 @@ class tst_StoppedQueries : public QObject {
 
   void shouldStopBetweenRows_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllAndOtherSQLite) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void shouldStopBetweenRows() {
     QFETCH(const TBackendKind, Kind);
     // SQLite's driver for ODBC reads the whole result before it gives the first row.
-    if (!OpenKind(Kind, "UseDeclareFetch=1")) return;
+    if (!OpenKind(Kind, Kind == TBackendKind::ODBCPostgreSQL ? "UseDeclareFetch=1" : "")) return;
     for (const bool InTransaction : {false, true}) {
       if (InTransaction) QVERIFY(Host_->Database().transaction());
       for (int Calls = 1; Calls < 4; ++Calls) {
@@ -396,7 +422,8 @@ class tst_StoppedQueries : public QObject {
 
   void shouldTellThatTheAdministratorHasEndedASearch_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : {TBackendKind::PostgreSQL, TBackendKind::ODBCPostgreSQL}) {
+    for (const TBackendKind Kind :
+         {TBackendKind::PostgreSQL, TBackendKind::ODBCPostgreSQL, TBackendKind::MariaDB, TBackendKind::ODBCMariaDB}) {
       QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
@@ -409,7 +436,7 @@ class tst_StoppedQueries : public QObject {
           Dialog->Source = Sleeping;
           std::thread Administrator([this] {
             std::this_thread::sleep_for(std::chrono::milliseconds(IntoTheQuery));
-            PGCancel();
+            EndStatement();
           });
           support::TypeFind(*Dialog, "c0");
           Administrator.join();
@@ -418,8 +445,9 @@ class tst_StoppedQueries : public QObject {
           QVERIFY(!Dialog->lblRows->text().contains("search"));
           QVERIFY(support::SqlLines(*Dialog).at(2).starts_with("AND UPPER(A.ID) LIKE"));  // none without it was tried
         });
-    Expected_ = {std::string(Host_->Kind() == TBackendKind::PostgreSQL ? "" : "ERROR: ") +
-                 "canceling statement due to user request"};
+    Expected_ = {support::IsOnMariaDB(Host_->Kind())         ? "Query execution was interrupted"
+                 : Host_->Kind() == TBackendKind::PostgreSQL ? "canceling statement due to user request"
+                                                             : "ERROR: canceling statement due to user request"};
     LeftNothing(false);
   }
 
@@ -532,11 +560,15 @@ class tst_StoppedQueries : public QObject {
   }
 
   // On a thread of its own, which has no part in the other connections.
-  void PGCancel() const {
+  void EndStatement() const {
     const QString Name = "Administrator";
-    {
+    const QString Session = QString::number(Process_);
+    if (support::IsOnMariaDB(Host_->Kind())) {
+      const QSqlDatabase Database = Backends_->MariaDB().Connect(Name);
+      TBackend::Execute(Database, "KILL QUERY " + Session);
+    } else {
       const QSqlDatabase Database = Backends_->Server().Connect(Name, QStringLiteral("company"));
-      TBackend::Value(Database, QStringLiteral("SELECT pg_cancel_backend(%1)").arg(Process_));
+      TBackend::Value(Database, "SELECT pg_cancel_backend(" + Session + ")");
     }
     QSqlDatabase::removeDatabase(Name);
   }
