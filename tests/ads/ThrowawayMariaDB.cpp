@@ -1,8 +1,6 @@
 #include "ads/ThrowawayMariaDB.h"
 
 #include <arpa/inet.h>
-#include <pwd.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -12,6 +10,7 @@
 #include <QStandardPaths>
 #include <QThread>
 #include <csignal>
+#include <utility>
 
 namespace {
 
@@ -21,15 +20,8 @@ QString Find(const QString& Program) {
   return Found.isEmpty() ? QStandardPaths::findExecutable(Program, {"/usr/sbin", "/usr/libexec"}) : Found;
 }
 
-// The server refuses to run as root: then it runs as the account that its package made.
 const passwd* Account() {
-  return geteuid() == 0 ? getpwnam("mysql") : nullptr;
-}
-
-QStringList AsAccount(QStringList Arguments) {
-  Arguments.prepend("--no-defaults");
-  if (Account() != nullptr) Arguments.append("--user=mysql");
-  return Arguments;
+  return ServerAccount({"mysql"});
 }
 
 int FreePort() {
@@ -46,7 +38,7 @@ int FreePort() {
 
 }  // namespace
 
-TThrowawayMariaDB::TThrowawayMariaDB() {
+TThrowawayMariaDB::TThrowawayMariaDB(TServerOptions Options) : Options_(std::move(Options)) {
 #ifdef ZUL_WITHOUT_MARIADB
   Reason_ = "The libraries were built without MariaDB";
   return;
@@ -83,11 +75,13 @@ void TThrowawayMariaDB::Stop() {
   Server_.waitForFinished(5000);
 }
 
+QString TThrowawayMariaDB::DataFolder() const {
+  return Options_.Folder.isEmpty() ? Folder_.filePath("data") : Options_.Folder;
+}
+
 bool TThrowawayMariaDB::CreateData() {
-  const passwd* Owner = Account();
-  if (Owner != nullptr && chown(QFile::encodeName(Folder_.path()).constData(), Owner->pw_uid, Owner->pw_gid) != 0) {
-    return false;
-  }
+  if (!GiveFolder(Folder_.path(), Account()) || !GiveFolder(DataFolder(), Account())) return false;
+  if (QFile::exists(DataFolder() + "/ibdata1")) return true;
   QFile Accounts(Folder_.filePath("accounts.sql"));
   if (!Accounts.open(QFile::WriteOnly)) return false;
   Accounts.write(
@@ -96,23 +90,34 @@ bool TThrowawayMariaDB::CreateData() {
   Accounts.setPermissions(Accounts.permissions() | QFile::ReadOther);
   Accounts.close();
   QProcess Process;
+  RunAs(Process, Account(), SIGTERM);
   Process.start(Find("mariadb-install-db"),
-                AsAccount({"--datadir=" + Folder_.filePath("data"), "--auth-root-authentication-method=normal",
-                           "--skip-test-db", "--skip-name-resolve", "--extra-file=" + Accounts.fileName()}));
+                {"--no-defaults", "--datadir=" + DataFolder(), "--auth-root-authentication-method=normal",
+                 "--skip-test-db", "--skip-name-resolve", "--extra-file=" + Accounts.fileName()});
   return Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0;
 }
 
 bool TThrowawayMariaDB::Start() {
   Port_ = FreePort();
-  Server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+  RunAs(Server_, Account(), SIGTERM);
   Server_.setStandardOutputFile(QProcess::nullDevice());
   Server_.setStandardErrorFile(QProcess::nullDevice());
-  Server_.start(Find("mariadbd"),
-                AsAccount({"--datadir=" + Folder_.filePath("data"), "--socket=" + Socket(),
-                           "--pid-file=" + Folder_.filePath("pid"), "--bind-address=127.0.0.1",
-                           "--port=" + QString::number(Port_), "--innodb-flush-log-at-trx-commit=0", "--debug-no-sync",
-                           "--skip-innodb-doublewrite", "--innodb-buffer-pool-size=256M", "--skip-log-bin",
-                           "--character-set-server=utf8mb4", "--collation-server=utf8mb4_nopad_bin"}));
+  QStringList Arguments{"--no-defaults",
+                        "--datadir=" + DataFolder(),
+                        "--tmpdir=" + Folder_.path(),
+                        "--socket=" + Socket(),
+                        "--pid-file=" + Folder_.filePath("pid"),
+                        "--bind-address=127.0.0.1",
+                        "--port=" + QString::number(Port_),
+                        "--innodb-flush-log-at-trx-commit=0",
+                        "--debug-no-sync",
+                        "--skip-innodb-doublewrite",
+                        "--innodb-buffer-pool-size=256M",
+                        "--skip-log-bin",
+                        "--character-set-server=utf8mb4",
+                        "--collation-server=utf8mb4_nopad_bin"};
+  for (const QString& Setting : Options_.Settings) Arguments << "--" + Setting;
+  Server_.start(Find("mariadbd"), Arguments);
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 30000; QThread::msleep(50)) {
     const bool Answers = Connect("ThrowawayMariaDB").isOpen();

@@ -6,12 +6,14 @@
 #include <QTemporaryDir>
 #include <string>
 
+#include "ads/ServerProcess.h"
+
 /// A MariaDB server of the test's own, on a socket in a temporary folder and on a port of this machine alone, with one
 /// empty database `test`; all are gone when the object is. Its account `tester` may do everything, without a password.
 /// Where this machine has no MariaDB, `IsRunning` is false and `Reason` says what is missing; a test then skips.
 class TThrowawayMariaDB {
  public:
-  TThrowawayMariaDB();
+  explicit TThrowawayMariaDB(TServerOptions Options = {});
   ~TThrowawayMariaDB();
   TThrowawayMariaDB(const TThrowawayMariaDB&) = delete;
   TThrowawayMariaDB& operator=(const TThrowawayMariaDB&) = delete;
@@ -25,6 +27,7 @@ class TThrowawayMariaDB {
                        const QString& User = QStringLiteral("tester"), const QString& Password = {},
                        const QString& Options = {}) const;
 
+  qint64 ProcessId() const { return Server_.processId(); }
   QString Socket() const { return Folder_.filePath("socket"); }
   /// On 127.0.0.1.
   int Port() const { return Port_; }
@@ -41,6 +44,9 @@ class TThrowawayMariaDB {
   bool CreateData();
   bool Start();
 
+  QString DataFolder() const;
+
+  TServerOptions Options_;
   QTemporaryDir Folder_;
   QProcess Server_;
   int Port_ = 0;

@@ -1,16 +1,12 @@
 #include "ads/ThrowawayPostgreSQL.h"
 
-#include <grp.h>
-#include <pwd.h>
-#include <sys/prctl.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QThread>
 #include <csignal>
+#include <utility>
 
 namespace {
 
@@ -26,28 +22,14 @@ QString FindPrograms() {
   return Found.isEmpty() ? QString() : QFileInfo(Found).canonicalPath();
 }
 
-// The server refuses to run as root: then it runs as the account that its package made, or as nobody.
 const passwd* Account() {
-  if (geteuid() != 0) return nullptr;
-  const passwd* Owner = getpwnam("postgres");
-  return Owner != nullptr ? Owner : getpwnam("nobody");
-}
-
-// Makes a program run under that account, and end with this process however this one ends.
-void RunAsAccount(QProcess& Process) {
-  const passwd* Owner = Account();
-  const uid_t User = Owner != nullptr ? Owner->pw_uid : geteuid();
-  const gid_t Group = Owner != nullptr ? Owner->pw_gid : getegid();
-  const bool Switch = Owner != nullptr;
-  Process.setChildProcessModifier([User, Group, Switch] {
-    if (Switch && (setgroups(0, nullptr) != 0 || setgid(Group) != 0 || setuid(User) != 0)) _exit(126);
-    prctl(PR_SET_PDEATHSIG, SIGQUIT);
-  });
+  return ServerAccount({"postgres", "nobody"});
 }
 
 }  // namespace
 
-TThrowawayPostgreSQL::TThrowawayPostgreSQL() : Programs_(FindPrograms()) {
+TThrowawayPostgreSQL::TThrowawayPostgreSQL(TServerOptions Options)
+    : Options_(std::move(Options)), Programs_(FindPrograms()) {
   if (Programs_.isEmpty()) {
     Reason_ = "PostgreSQL's server is not installed";
   } else if (!QSqlDatabase::isDriverAvailable("QPSQL")) {
@@ -78,23 +60,27 @@ void TThrowawayPostgreSQL::Stop() {
   if (!Server_.waitForFinished(10000)) Server_.kill();
 }
 
+QString TThrowawayPostgreSQL::DataFolder() const {
+  return Options_.Folder.isEmpty() ? Folder_.filePath("data") : Options_.Folder;
+}
+
 bool TThrowawayPostgreSQL::CreateCluster() {
-  const passwd* Owner = Account();
-  if (Owner != nullptr && chown(QFile::encodeName(Folder_.path()).constData(), Owner->pw_uid, Owner->pw_gid) != 0) {
-    return false;
-  }
+  if (!GiveFolder(Folder_.path(), Account()) || !GiveFolder(DataFolder(), Account())) return false;
+  if (QFile::exists(DataFolder() + "/PG_VERSION")) return true;
   QProcess Process;
-  RunAsAccount(Process);
-  Process.start(Programs_ + "/initdb", {"-D", Folder_.filePath("data"), "-E", "UTF8", "--locale=C.UTF-8", "-U",
-                                        "tester", "--auth=trust", "--no-sync"});
+  RunAs(Process, Account(), SIGQUIT);
+  Process.start(Programs_ + "/initdb",
+                {"-D", DataFolder(), "-E", "UTF8", "--locale=C.UTF-8", "-U", "tester", "--auth=trust", "--no-sync"});
   return Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0;
 }
 
 bool TThrowawayPostgreSQL::Start() {
-  RunAsAccount(Server_);
+  RunAs(Server_, Account(), SIGQUIT);
   Server_.setStandardOutputFile(QProcess::nullDevice());
   Server_.setStandardErrorFile(QProcess::nullDevice());
-  Server_.start(Programs_ + "/postgres", {"-D", Folder_.filePath("data"), "-k", Folder_.path(), "-h", "", "-F"});
+  QStringList Arguments{"-D", DataFolder(), "-k", Folder_.path(), "-h", "", "-F"};
+  for (const QString& Setting : Options_.Settings) Arguments << "-c" << Setting;
+  Server_.start(Programs_ + "/postgres", Arguments);
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 20000; QThread::msleep(50)) {
     const bool Answers = Connect("ThrowawayPostgreSQL").isOpen();

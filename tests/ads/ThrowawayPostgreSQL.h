@@ -6,12 +6,14 @@
 #include <QTemporaryDir>
 #include <string>
 
+#include "ads/ServerProcess.h"
+
 /// A PostgreSQL server of the test's own, on a socket in a temporary folder, with one empty database; both are gone
 /// when the object is. Where this machine has no PostgreSQL, `IsRunning` is false and `Reason` says what is missing;
 /// a test then skips.
 class TThrowawayPostgreSQL {
  public:
-  TThrowawayPostgreSQL();
+  explicit TThrowawayPostgreSQL(TServerOptions Options = {});
   ~TThrowawayPostgreSQL();
   TThrowawayPostgreSQL(const TThrowawayPostgreSQL&) = delete;
   TThrowawayPostgreSQL& operator=(const TThrowawayPostgreSQL&) = delete;
@@ -25,6 +27,9 @@ class TThrowawayPostgreSQL {
   /// The folder of its socket, which is its host name.
   QString Host() const { return Folder_.path(); }
 
+  /// Of the server's first process, whose children the others are.
+  qint64 ProcessId() const { return Server_.processId(); }
+
   /// The address of one of its databases, as libpq reads it.
   std::string Address(const QString& DatabaseName) const;
 
@@ -37,6 +42,9 @@ class TThrowawayPostgreSQL {
   bool CreateCluster();
   bool Start();
 
+  QString DataFolder() const;
+
+  TServerOptions Options_;
   QTemporaryDir Folder_;
   QString Programs_;
   QProcess Server_;
