@@ -1,6 +1,5 @@
 #include "ListBench.h"
 
-#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <algorithm>
@@ -15,111 +14,11 @@ namespace bench {
 
 namespace {
 
-using TClock = std::chrono::steady_clock;
 using uDocPickBase::TDocPickBase;
-
-double SecondsSince(TClock::time_point Start) {
-  return std::chrono::duration<double>(TClock::now() - Start).count();
-}
 
 // What other programs have disturbed the least.
 double Best(const std::vector<double>& Values) {
   return Values.empty() ? 0 : *std::min_element(Values.begin(), Values.end());
-}
-
-// How long the event dispatcher is left alone while this lives, from one time that it is awake to the next.
-class TSilence {
- public:
-  TSilence()
-      : Connection_(QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
-                                     [this] { Note(); })) {}
-  ~TSilence() { QObject::disconnect(Connection_); }
-  TSilence(const TSilence&) = delete;
-  TSilence& operator=(const TSilence&) = delete;
-
-  double Longest() {
-    Note();
-    return Longest_;
-  }
-  double LongestOfProcessor() const { return LongestOfProcessor_; }
-
- private:
-  void Note() {
-    Longest_ = std::max(Longest_, SecondsSince(Last_));
-    const double Processor = ProcessorSeconds();
-    LongestOfProcessor_ = std::max(LongestOfProcessor_, Processor - LastProcessor_);
-    LastProcessor_ = Processor;
-    Last_ = TClock::now();
-  }
-
-  TClock::time_point Last_ = TClock::now();
-  double LastProcessor_ = ProcessorSeconds();
-  double Longest_ = 0;
-  double LongestOfProcessor_ = 0;
-  QMetaObject::Connection Connection_;
-};
-
-// What opening a list took, in seconds.
-struct TOpening {
-  double FirstPage = 0;
-  double Whole = 0;
-  double Processor = 0;
-  double Silence = 0;
-  double SilenceOfProcessor = 0;
-  int Rows = 0;
-  std::size_t Snapshot = 0;
-};
-
-// Looks on until the first rows of a dialog are painted and all rows are there, and closes it then.
-class TViewer : public QObject {
- public:
-  TViewer(TDocPickBase& Dialog, TClock::time_point Start, TOpening& Opening)
-      : Dialog_(Dialog), Start_(Start), Opening_(Opening) {
-    Dialog.dbgAvail->viewport()->installEventFilter(this);
-    connect(Dialog.qryList_, &ads::TDataSet::Grown, this, &TViewer::Look, Qt::QueuedConnection);
-    connect(Dialog.qryList_, &ads::TDataSet::Replaced, this, &TViewer::Look, Qt::QueuedConnection);
-    Dialog.qryList_->OnRestFailed = [](const std::string& Message) { qFatal("%s", Message.c_str()); };
-  }
-
-  // Looks again once the event has done its work.
-  bool eventFilter(QObject*, QEvent* Event) override {
-    if (Event->type() == QEvent::Paint && !IsPainted_ && Dialog_.qryList_->KnownRows() > 0) {
-      IsPainted_ = true;
-      QMetaObject::invokeMethod(this, &TViewer::Look, Qt::QueuedConnection);
-    }
-    return false;
-  }
-
- private:
-  void Look() {
-    if (IsPainted_ && Opening_.FirstPage == 0) Opening_.FirstPage = SecondsSince(Start_);
-    if (!IsPainted_ || !Dialog_.qryList_->IsComplete()) return;
-    Opening_.Whole = SecondsSince(Start_);
-    Dialog_.reject();
-  }
-
-  TDocPickBase& Dialog_;
-  TClock::time_point Start_;
-  TOpening& Opening_;
-  bool IsPainted_ = false;
-};
-
-// As an exported function does it, but for the key.
-TOpening Open(const TCreate& Create) {
-  TOpening Opening;
-  const pickbase::TPickCall Call;
-  TSilence Silence;
-  const double Before = ProcessorSeconds();
-  const TClock::time_point Start = TClock::now();
-  const auto Dialog = Create();
-  const TViewer Viewer(*Dialog, Start, Opening);
-  Dialog->ShowPick();
-  Opening.Processor = ProcessorSeconds() - Before;
-  Opening.Silence = Silence.Longest();
-  Opening.SilenceOfProcessor = Silence.LongestOfProcessor();
-  Opening.Rows = Dialog->qryList_->KnownRows();
-  Opening.Snapshot = Dialog->qryList_->SnapshotBytes();
-  return Opening;
 }
 
 double Ask(const TCreate& Create) {
@@ -222,9 +121,7 @@ void MeasureRequery(benchmark::State& State, const TRunPlainly& RunPlainly, TDoc
     Run = RunPlainly();
     Plain.push_back(Run.Seconds);
     const TClock::time_point Start = TClock::now();
-    Dialog.CallSetSQL();
-    Dialog.dbgAvail->viewport()->repaint();
-    First.push_back(SecondsSince(Start));
+    First.push_back(Requery(Dialog));
     const int Rows = Dialog.qryList_->RecordCount();
     Asked.push_back(SecondsSince(Start));
     State.SetIterationTime(Asked.back());

@@ -3,15 +3,13 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
-#include <memory>
 
+#include "Opening.h"
 #include "PickBench.h"
-#include "pickbase/uDocPickBase.h"
 
 namespace bench {
 
 using TRunPlainly = std::function<TPlainRun()>;
-using TCreate = std::function<std::unique_ptr<uDocPickBase::TDocPickBase>()>;
 
 /// Opens the pick as its user sees it, alternating with the plain run of its whole query. Counters, each from the best
 /// of the iterations where nothing else is said, the ratios to the best plain run:

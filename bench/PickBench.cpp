@@ -1,6 +1,5 @@
 #include "PickBench.h"
 
-#include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
 #include <QDir>
@@ -8,20 +7,12 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <chrono>
-#include <ctime>
 
 #include "sample/SampleCompany.h"
 
 namespace bench {
 
 namespace {
-
-using TClock = std::chrono::steady_clock;
-
-double SecondsSince(TClock::time_point Start) {
-  return std::chrono::duration<double>(TClock::now() - Start).count();
-}
 
 void Execute(sqlite3* Handle, const char* Sql) {
   char* Message = nullptr;
@@ -96,12 +87,15 @@ void MakeCompany(const std::string& FileName) {
 
 }  // namespace
 
+QDir KeptFolder() {
+  const QString Asked = qEnvironmentVariable("ZUL_BENCH_FOLDER");
+  return Asked.isEmpty() ? QDir::temp() : QDir(Asked);
+}
+
 TBenchDatabase::~TBenchDatabase() = default;
 
 std::string TBenchDatabase::FileName() {
-  const QString Asked = qEnvironmentVariable("ZUL_BENCH_FOLDER");
-  const QDir Folder = Asked.isEmpty() ? QDir::temp() : QDir(Asked);
-  const QString File = Folder.filePath(QStringLiteral("zul-bench-%1.db").arg(QLatin1String(Name_)));
+  const QString File = KeptFolder().filePath(QStringLiteral("zul-bench-%1.db").arg(QLatin1String(Name_)));
   if (!QFile::exists(File)) {
     const QString Unfinished = File + QStringLiteral(".new");
     QFile::remove(Unfinished);
@@ -136,36 +130,8 @@ TBenchDatabase& Company() {
   return Database;
 }
 
-double ProcessorSeconds() {
-  timespec Now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &Now);
-  return static_cast<double>(Now.tv_sec) + static_cast<double>(Now.tv_nsec) / 1e9;
-}
-
 TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Columns) {
-  sqlite3* Handle = nullptr;
-  if (sqlite3_open(Database.FileName().c_str(), &Handle) != SQLITE_OK) qFatal("%s", sqlite3_errmsg(Handle));
-  const double Before = ProcessorSeconds();
-  const TClock::time_point Start = TClock::now();
-  sqlite3_stmt* Statement = nullptr;
-  if (sqlite3_prepare_v2(Handle, Sql.c_str(), -1, &Statement, nullptr) != SQLITE_OK)
-    qFatal("%s", sqlite3_errmsg(Handle));
-  TPlainRun Run;
-  std::size_t Sum = 0;
-  while (sqlite3_step(Statement) == SQLITE_ROW) {
-    ++Run.Rows;
-    for (int Column = 0; Column < Columns; ++Column) {
-      const unsigned char* Text = sqlite3_column_text(Statement, Column);
-      Run.Bytes += sqlite3_column_bytes(Statement, Column);
-      Sum += Text != nullptr ? Text[0] : 0;
-    }
-  }
-  benchmark::DoNotOptimize(Sum);
-  sqlite3_finalize(Statement);
-  Run.Seconds = SecondsSince(Start);
-  Run.ProcessorSeconds = ProcessorSeconds() - Before;
-  sqlite3_close(Handle);
-  return Run;
+  return PlainSQLite(Database.FileName())->Run(Sql, Columns);
 }
 
 }  // namespace bench

@@ -1,15 +1,18 @@
 #pragma once
 
-#include <cstdint>
+#include <QDir>
 #include <memory>
 #include <string>
 
+#include "PlainClient.h"
 #include "ads/Connection.h"
 
 namespace bench {
 
-/// A database that benchmarks share, made at its first use in the folder that the environment variable ZUL_BENCH_FOLDER
-/// names, else in the temporary one, and kept there for the next run.
+/// Where databases are kept: the folder that the environment variable ZUL_BENCH_FOLDER names, else the temporary one.
+QDir KeptFolder();
+
+/// A database that benchmarks share, made at its first use and kept for the next run.
 class TBenchDatabase {
  public:
   using TMake = void (*)(const std::string& FileName);
@@ -35,16 +38,7 @@ TBenchDatabase& Lookups();
 /// The sample company with a million customers, documents, purchase orders, stock rows of one parent item and payments.
 TBenchDatabase& Company();
 
-/// What a plain C program does with a query: prepare, step to the end, read the first `Columns` columns of each row.
-/// Returns the seconds that it took, those of the processor (0 where a server has a part in it), and the bytes of the
-/// values it read.
-struct TPlainRun {
-  double Seconds = 0;
-  double ProcessorSeconds = 0;
-  std::int64_t Rows = 0;
-  std::int64_t Bytes = 0;
-};
-double ProcessorSeconds();
+/// The run of a query on a connection of its own.
 TPlainRun RunPlainly(TBenchDatabase& Database, const std::string& Sql, int Columns);
 
 }  // namespace bench

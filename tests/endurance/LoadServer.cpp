@@ -2,12 +2,12 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QMap>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <algorithm>
 
+#include "ads/ProcessMemory.h"
 #include "ads/ThrowawayMariaDB.h"
 #include "ads/ThrowawayPostgreSQL.h"
 #include "sample/SampleCompany.h"
@@ -29,22 +29,6 @@ QStringList Found(const QSqlDatabase& Watching, const QMap<QString, QString>& Qu
     }
   }
   return Result;
-}
-
-// A figure of a file in /proc that has a line "Name: figure kB" for each.
-qint64 ProcKiB(const QString& FileName, const QByteArray& Name) {
-  QFile File(FileName);
-  if (!File.open(QIODevice::ReadOnly)) return 0;
-  for (const QByteArray& Line : File.readAll().split('\n')) {
-    if (Line.startsWith(Name + ':')) return Line.simplified().split(' ').value(1).toLongLong();
-  }
-  return 0;
-}
-
-QStringList Children(qint64 Process) {
-  QFile File(QStringLiteral("/proc/%1/task/%1/children").arg(Process));
-  if (!File.open(QIODevice::ReadOnly)) return {};
-  return QString::fromLatin1(File.readAll()).split(u' ', Qt::SkipEmptyParts);
 }
 
 class TPostgreSQLLockView : public TLockView {
@@ -159,12 +143,7 @@ class TPostgreSQLLoadServer : public TLoadServer {
 
   // All of its processes, without what they share.
   qint64 MemoryKiB() const override {
-    qint64 Sum = 0;
-    const QString First = QString::number(Server_.ProcessId());
-    for (const QString& Process : QStringList{First} + Children(Server_.ProcessId())) {
-      Sum += ProcKiB(QStringLiteral("/proc/%1/smaps_rollup").arg(Process), "Pss_Anon");
-    }
-    return Sum;
+    return FamilyKiB(Server_.ProcessId(), "Pss_Anon");
   }
   qint64 AllowedGrowthKiB() const override { return 4 * 1024; }
 
@@ -206,7 +185,7 @@ class TMariaDBLoadServer : public TLoadServer {
   }
 
   qint64 MemoryKiB() const override {
-    return ProcKiB(QStringLiteral("/proc/%1/status").arg(Server_.ProcessId()), "VmRSS");
+    return ProcessKiB(QString::number(Server_.ProcessId()), "status", "VmRSS");
   }
   qint64 AllowedGrowthKiB() const override { return 16 * 1024; }
 

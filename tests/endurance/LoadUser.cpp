@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
@@ -11,8 +12,10 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -30,6 +33,8 @@
 //
 //   time OPERATION MILLISECONDS
 //   memory ROUND KIB               what it holds after a pick of its so-manieth round through all of them
+//   cut                            its connection was lost, as it is when a server leaves a stop unanswered for most of a
+//                                  second; it has opened another
 //   error TEXT
 
 namespace {
@@ -74,13 +79,15 @@ long ResidentKiB() {
 class TUser {
  public:
   TUser(const std::string& Address, unsigned Seed, int LongestLook)
-      : Database_(Address), Random_(Seed), LongestLook_(LongestLook) {}
+      : Address_(Address), Random_(Seed), LongestLook_(LongestLook) {
+    Database_.emplace(Address_);
+  }
 
   void Work(double Seconds) {
-    QElapsedTimer Worked;
-    Worked.start();
+    Until_ = QDeadlineTimer(static_cast<qint64>(Seconds * 1000));
+    Look();  // so that not all come at once
     const std::size_t First = Random_() % Errands().size();
-    for (std::size_t Place = 0; static_cast<double>(Worked.elapsed()) < Seconds * 1000; ++Place) {
+    for (std::size_t Place = 0; !Until_.hasExpired(); ++Place) {
       Pick(Errands()[(First + Place) % Errands().size()]);
       Tell("memory " + std::to_string(Place / Errands().size()) + ' ' + std::to_string(ResidentKiB()));
     }
@@ -91,7 +98,7 @@ class TUser {
   int Below(int Bound) { return static_cast<int>(Random_() % static_cast<unsigned>(Bound)); }
 
   // Looks at what is there, while the rest of a list is read.
-  void Look() { QTest::qWait(Below(LongestLook_)); }
+  void Look() { QTest::qWait(static_cast<int>(std::min<qint64>(Below(LongestLook_), Until_.remainingTime()))); }
 
   void Pick(const TErrand& Errand) {
     const catalog::TPick* Found = catalog::FullCatalog().Find(Errand.Pick);
@@ -100,16 +107,30 @@ class TUser {
     const support::TErrorBoxes Boxes;
     bool IsOK = false;
     bool Chosen = false;
+    QStringList Failures;
     Clock_.start();
     try {
-      Chosen = support::DrivePick([&] { return Found->Call(Database_.Connection(), Args).Chosen; },
+      Chosen = support::DrivePick([&] { return Found->Call(Database_->Connection(), Args).Chosen; },
                                   [&](TDocPickBase& Dialog) { IsOK = Use(Dialog, Errand); });
       TellTime("close", Clock_);
     } catch (const std::exception& Error) {
-      Tell(std::string("error ") + Errand.Pick + ": " + Error.what());
+      Failures << QString::fromUtf8(Error.what());
     }
-    for (const std::string& Message : Boxes.Messages()) Tell(std::string("error ") + Errand.Pick + ": " + Message);
-    if (Chosen != IsOK) Tell(std::string("error ") + Errand.Pick + ": OK and what it gave differ");
+    for (const std::string& Message : Boxes.Messages()) Failures << QString::fromStdString(Message);
+    if (Chosen != IsOK) Failures << QStringLiteral("OK and what it gave differ");
+    TakeNote(Errand, Failures);
+  }
+
+  // A host whose connection is lost opens another.
+  void TakeNote(const TErrand& Errand, const QStringList& Failures) {
+    const QStringList Lost = Failures.filter(QStringLiteral("The connection to the database is lost"));
+    for (const QString& Failure : Failures) {
+      if (!Lost.contains(Failure)) Tell(std::string("error ") + Errand.Pick + ": " + Failure.toStdString());
+    }
+    if (Lost.isEmpty()) return;
+    Tell("cut");
+    Database_.reset();
+    Database_.emplace(Address_);
   }
 
   // Whether the dialog was closed by OK.
@@ -144,8 +165,8 @@ class TUser {
 
   // What the host's own session can tell of what the picks have left in it.
   void TellLeftovers() {
-    if (Database_.Connection()->Database().driverName() != QLatin1String("QPSQL")) return;
-    QSqlQuery Query(Database_.Connection()->Database());
+    if (Database_->Connection()->Database().driverName() != QLatin1String("QPSQL")) return;
+    QSqlQuery Query(Database_->Connection()->Database());
     const bool Asked = Query.exec(QStringLiteral(
         "SELECT (SELECT count(*) FROM pg_prepared_statements) + (SELECT count(*) FROM pg_cursors WHERE name <> '') + "
         "(SELECT count(*) FROM pg_listening_channels())"));
@@ -156,7 +177,9 @@ class TUser {
     }
   }
 
-  command::TDatabase Database_;
+  std::string Address_;
+  std::optional<command::TDatabase> Database_;
+  QDeadlineTimer Until_;
   std::mt19937 Random_;
   int LongestLook_;
   QElapsedTimer Clock_;

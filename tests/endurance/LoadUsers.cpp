@@ -80,6 +80,8 @@ void TLoadUsers::Take(TUser& User, const QByteArray& Line) {
     Most = std::max(Most, Words.value(2).toLongLong());
   } else if (Line.startsWith("error ")) {
     Errors_ << QString::fromUtf8(Line.mid(6));
+  } else if (Line == "cut") {
+    ++Cuts_;
   } else {
     User.State = Line;
   }

@@ -28,6 +28,8 @@ class TLoadUsers {
 
   const TLoadTimes& Times() const { return Times_; }
   const QStringList& Errors() const { return Errors_; }
+  /// How often one of them lost the connection, and opened another.
+  int Cuts() const { return Cuts_; }
 
   /// By how much those who came to a third round of all picks held more then, or later, than in their second, at the
   /// most and in KiB; and how many they are.
@@ -51,4 +53,5 @@ class TLoadUsers {
   std::vector<std::unique_ptr<TUser>> Users_;
   TLoadTimes Times_;
   QStringList Errors_;
+  int Cuts_ = 0;
 };

@@ -13,8 +13,10 @@ constexpr int Writers = 4;
 // A writer may wait no longer for one who reads.
 constexpr double LongestWait = 50;
 // A user looks at a list for so many milliseconds at the most; one whose memory is watched just opens and closes.
-constexpr int LongestLook = 450;
 constexpr int ShortLook = 20;
+// The one failure that may come to pass: a server at its limits leaves a stop unanswered for most of a second, and the
+// connection is cut. Of so many picks it may be one.
+constexpr std::size_t PicksForACut = 100;
 // What a user's process may take beyond what it held when it had opened all picks twice.
 constexpr qint64 AllowedUserGrowthKiB = 3 * 1024;
 
@@ -24,7 +26,9 @@ int Asked(const char* Variable, int Default) {
   return IsSet ? Value : Default;
 }
 
-// ZUL_LOAD_CONNECTIONS, ZUL_LOAD_SECONDS (for each server, in two halves) and ZUL_LOAD_CUSTOMERS ask for more.
+// ZUL_LOAD_CONNECTIONS, ZUL_LOAD_SECONDS (for each server, in two halves), ZUL_LOAD_CUSTOMERS and ZUL_LOAD_LOOK_MS ask
+// for more. Users who look at nothing for long are as many as a machine can serve and no more, which tells little of
+// anything but the machine: a few hundred of them must be given time.
 int Connections() {
   return Asked("ZUL_LOAD_CONNECTIONS", 20);
 }
@@ -33,6 +37,16 @@ int Seconds() {
 }
 int Customers() {
   return Asked("ZUL_LOAD_CUSTOMERS", 5000);
+}
+int LongestLook() {
+  return Asked("ZUL_LOAD_LOOK_MS", 450);
+}
+
+// The different ones, of which there may be many.
+QString ErrorsOf(const TLoadUsers& Users) {
+  QStringList Different = Users.Errors();
+  Different.removeDuplicates();
+  return QStringList(Different.mid(0, 20)).join(u'\n');
 }
 
 void Print(const QString& Text) {
@@ -71,8 +85,8 @@ class tst_ManyAtOnce : public QObject {
   // One half of a server's load; what is wrong ends the test function.
   void Load(const TLoadServer& Server, const QSqlDatabase& Watching) {
     const int Before = Count(Watching, Server.ConnectionsSql());
-    TLoadUsers Users(Server.Address(), Connections(), LongestLook);
-    QVERIFY2(Users.Connect(), qPrintable(Users.Errors().join(u'\n')));
+    TLoadUsers Users(Server.Address(), Connections(), LongestLook());
+    QVERIFY2(Users.Connect(), qPrintable(ErrorsOf(Users)));
     QCOMPARE(Count(Watching, Server.ConnectionsSql()), Before + Connections());
     {
       TLoadWriters Writing(Server, Writers);
@@ -83,11 +97,12 @@ class tst_ManyAtOnce : public QObject {
       QCOMPARE(Writing.Errors(), QStringList());
       QVERIFY(Writing.LongestWaitForReader() <= LongestWait);
     }
-    QCOMPARE(Users.Errors(), QStringList());
+    QCOMPARE(ErrorsOf(Users), QString());
+    QVERIFY(static_cast<std::size_t>(Users.Cuts()) * PicksForACut <= Users.Times().Count(QStringLiteral("open")));
     // They are all connected still, as hosts are between two picks.
     QTRY_COMPARE(Server.Leftovers(Watching), QStringList());
     QVERIFY(Users.Leave());
-    QCOMPARE(Users.Errors(), QStringList());
+    QCOMPARE(ErrorsOf(Users), QString());
     QTRY_COMPARE(Count(Watching, Server.ConnectionsSql()), Before);
   }
 
@@ -97,7 +112,7 @@ class tst_ManyAtOnce : public QObject {
     QVERIFY(Users.Connect());
     QVERIFY(Users.Work(std::max(4.0, Seconds() / 8.0)));
     QVERIFY(Users.Leave());
-    QCOMPARE(Users.Errors(), QStringList());
+    QCOMPARE(ErrorsOf(Users), QString());
     const TLoadUsers::TGrowth Growth = Users.Growth();
     Print(Users.Times().Table(QStringLiteral("one user, %1").arg(Server.Name())));
     qInfo("the user's process grew by %lld KiB", Growth.MostKiB);
@@ -110,6 +125,7 @@ class tst_ManyAtOnce : public QObject {
   static void Report(const TLoadServer& Server, const TLoadUsers& Users, const TLoadWriters& Writing) {
     Print(Users.Times().Table(QStringLiteral("%1 users, %2").arg(Connections()).arg(Server.Name())));
     Print(Writing.Times().Table(QStringLiteral("%1 writers, %2").arg(Writers).arg(Server.Name())));
+    qInfo("connections cut: %d", Users.Cuts());
     qInfo("a writer waited %.1f ms for a reader and %.1f ms for anybody; seen in %d looks, %.1f ms apart at the most",
           Writing.LongestWaitForReader(), Writing.LongestWait(), Writing.Looks(), Writing.LongestGap());
   }
