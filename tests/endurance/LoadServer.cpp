@@ -142,9 +142,7 @@ class TPostgreSQLLoadServer : public TLoadServer {
   }
 
   // All of its processes, without what they share.
-  qint64 MemoryKiB() const override {
-    return FamilyKiB(Server_.ProcessId(), "Pss_Anon");
-  }
+  qint64 MemoryKiB(const QSqlDatabase&) const override { return FamilyKiB(Server_.ProcessId(), "Pss_Anon"); }
   qint64 AllowedGrowthKiB() const override { return 4 * 1024; }
 
  private:
@@ -154,7 +152,8 @@ class TPostgreSQLLoadServer : public TLoadServer {
 class TMariaDBLoadServer : public TLoadServer {
  public:
   explicit TMariaDBLoadServer(int Connections)
-      : Server_({{QStringLiteral("max-connections=%1").arg(Connections + MoreConnections)}, {}}) {}
+      : Connections_(Connections),
+        Server_({{QStringLiteral("max-connections=%1").arg(Connections + MoreConnections)}, {}}) {}
 
   QString Reason() const override { return Server_.Reason(); }
   QString Name() const override { return QStringLiteral("MariaDB"); }
@@ -184,10 +183,13 @@ class TMariaDBLoadServer : public TLoadServer {
     return std::make_unique<TMariaDBLockView>(Watching);
   }
 
-  qint64 MemoryKiB() const override {
-    return ProcessKiB(QString::number(Server_.ProcessId()), "status", "VmRSS");
+  qint64 MemoryKiB(const QSqlDatabase& Watching) const override {
+    QSqlQuery Pool("SHOW GLOBAL STATUS LIKE 'Innodb_buffer_pool_bytes_data'", Watching);
+    const qint64 PoolKiB = Pool.next() ? Pool.value(1).toLongLong() / 1024 : 0;
+    return ProcessKiB(QString::number(Server_.ProcessId()), "status", "VmRSS") - PoolKiB;
   }
-  qint64 AllowedGrowthKiB() const override { return 16 * 1024; }
+  // Its sessions are threads, and its allocator keeps what many of them had side by side.
+  qint64 AllowedGrowthKiB() const override { return std::max(16 * 1024, Connections_ * 160); }
 
  private:
   static QString TemporaryFolder(const QSqlDatabase& Watching) {
@@ -195,6 +197,7 @@ class TMariaDBLoadServer : public TLoadServer {
     return Query.next() ? Query.value(0).toString() : QString();
   }
 
+  int Connections_;
   TThrowawayMariaDB Server_;
 };
 

@@ -40,7 +40,7 @@ class TLoadServer {
   /// Over a connection of the thread that asks.
   virtual std::unique_ptr<TLockView> LockView(const QSqlDatabase& Watching) const = 0;
   /// What it holds in memory that no cache of a fixed size explains.
-  virtual qint64 MemoryKiB() const = 0;
+  virtual qint64 MemoryKiB(const QSqlDatabase& Watching) const = 0;
   /// So much more may it hold after the same load a second time.
   virtual qint64 AllowedGrowthKiB() const = 0;
 

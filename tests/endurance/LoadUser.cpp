@@ -33,7 +33,8 @@
 //
 //   time OPERATION MILLISECONDS
 //   memory ROUND KIB               what it holds after a pick of its so-manieth round through all of them
-//   cut                            its connection was lost, as it is when a server leaves a stop unanswered for most of a
+//   cut                            its connection was lost, as it is when a server leaves a stop unanswered for most of
+//   a
 //                                  second; it has opened another
 //   error TEXT
 
@@ -127,10 +128,7 @@ class TUser {
     for (const QString& Failure : Failures) {
       if (!Lost.contains(Failure)) Tell(std::string("error ") + Errand.Pick + ": " + Failure.toStdString());
     }
-    if (Lost.isEmpty()) return;
-    Tell("cut");
-    Database_.reset();
-    Database_.emplace(Address_);
+    if (!Lost.isEmpty()) Reconnect();
   }
 
   // Whether the dialog was closed by OK.
@@ -140,12 +138,7 @@ class TUser {
     TellTime("first page", Clock_);
     if (Dialog.qryList_->IsEmpty()) Tell(std::string("error ") + Errand.Pick + ": lists nothing");
     Look();
-    const char* Text = Errand.Finds[static_cast<std::size_t>(Below(static_cast<int>(Errand.Finds.size())))];
-    Time("find", Dialog, [&] { support::TypeFind(Dialog, QString::fromUtf8(Text)); });
-    Look();
-    if (Below(4) == 0) Time("to the end", Dialog, [&] { QTest::keyClick(Dialog.dbgAvail, Qt::Key_End); });
-    const QString Rows = Dialog.lblRows->text();
-    if (Rows.contains(SearchFailed_)) Tell("error " + std::string(Errand.Pick) + ": " + Rows.toStdString());
+    if (!Until_.hasExpired()) Find(Dialog, Errand);
     Clock_.start();
     if (Below(2) == 0 && Dialog.bbnOK->isEnabled() && !Dialog.qryList_->IsEmpty()) {
       support::ClickOK(Dialog);
@@ -153,6 +146,15 @@ class TUser {
     }
     QTest::keyClick(&Dialog, Qt::Key_Escape);
     return false;
+  }
+
+  void Find(TDocPickBase& Dialog, const TErrand& Errand) {
+    const char* Text = Errand.Finds[static_cast<std::size_t>(Below(static_cast<int>(Errand.Finds.size())))];
+    Time("find", Dialog, [&] { support::TypeFind(Dialog, QString::fromUtf8(Text)); });
+    Look();
+    if (Below(4) == 0) Time("to the end", Dialog, [&] { QTest::keyClick(Dialog.dbgAvail, Qt::Key_End); });
+    const QString Rows = Dialog.lblRows->text();
+    if (Rows.contains(SearchFailed_)) Tell("error " + std::string(Errand.Pick) + ": " + Rows.toStdString());
   }
 
   template <typename TDo>
@@ -165,8 +167,9 @@ class TUser {
 
   // What the host's own session can tell of what the picks have left in it.
   void TellLeftovers() {
-    if (Database_->Connection()->Database().driverName() != QLatin1String("QPSQL")) return;
+    if (!QSqlQuery(Database_->Connection()->Database()).exec(QStringLiteral("SELECT 1"))) return Reconnect();
     QSqlQuery Query(Database_->Connection()->Database());
+    if (Database_->Connection()->Database().driverName() != QLatin1String("QPSQL")) return;
     const bool Asked = Query.exec(QStringLiteral(
         "SELECT (SELECT count(*) FROM pg_prepared_statements) + (SELECT count(*) FROM pg_cursors WHERE name <> '') + "
         "(SELECT count(*) FROM pg_listening_channels())"));
@@ -175,6 +178,12 @@ class TUser {
     } else if (Query.value(0).toInt() != 0) {
       Tell("error at the end: statements, cursors or channels are left in the session");
     }
+  }
+
+  void Reconnect() {
+    Tell("cut");
+    Database_.reset();
+    Database_.emplace(Address_);
   }
 
   std::string Address_;
