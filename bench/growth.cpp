@@ -53,6 +53,7 @@ struct TFigures {
   double Plain = 0;
   double End = 0;
   bench::TListMemory Memory;
+  double Server = 0;
 };
 
 void MeasureOpenings(TFigures& Figures, const TCreate& Create, bench::TPlainClient& Plain, const std::string& Sql,
@@ -91,6 +92,8 @@ TFigures Measure(const TGrowthServer& Server, const std::string& Address, std::i
   }
   MeasureOpenings(Figures, Create, *Server.Connect(Address), Sql, Rows, Runs);
   Figures.End = MedianOf(Runs, [&] { return bench::JumpToEnd(Create); });
+  // While there is still a session that shares the server's cache with its other processes.
+  Figures.Server = Server.MemoryBytes();
   return Figures;
 }
 
@@ -118,8 +121,8 @@ void Print(const TGrowthServer& Server, std::int64_t Rows, const TFigures& Figur
               qPrintable(QLocale(QLocale::English).toString(static_cast<qlonglong>(Rows))),
               Time(Figures.FirstPage).c_str(), Time(Figures.CommonSearch).c_str(), Time(Figures.RareSearch).c_str(),
               Time(Figures.Whole).c_str(), Figures.Whole / Figures.Plain, Time(Figures.End).c_str(),
-              Size(Figures.Memory.Snapshot).c_str(), Size(Figures.Memory.Peak).c_str(),
-              Size(Server.MemoryBytes()).c_str(), Size(DatabaseBytes).c_str());
+              Size(Figures.Memory.Snapshot).c_str(), Size(Figures.Memory.Peak).c_str(), Size(Figures.Server).c_str(),
+              Size(DatabaseBytes).c_str());
   std::fflush(stdout);
 }
 
