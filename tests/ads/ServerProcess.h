@@ -1,15 +1,19 @@
 #pragma once
 
+#include <arpa/inet.h>
 #include <grp.h>
 #include <pwd.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <initializer_list>
 
 /// How a throwaway server is to be run.
@@ -39,8 +43,36 @@ inline void RunAs(QProcess& Process, const passwd* Owner, int EndSignal) {
   });
 }
 
+/// Gives a file or folder to the account.
+inline bool GiveTo(const passwd* Owner, const QString& Path) {
+  return Owner == nullptr || chown(QFile::encodeName(Path).constData(), Owner->pw_uid, Owner->pw_gid) == 0;
+}
+
 /// Makes a folder, if it is not there, and gives it to the account.
-inline bool GiveFolder(const QString& Folder, const passwd* Owner) {
-  if (!QDir().mkpath(Folder)) return false;
-  return Owner == nullptr || chown(QFile::encodeName(Folder).constData(), Owner->pw_uid, Owner->pw_gid) == 0;
+inline bool GiveFolder(const passwd* Owner, const QString& Folder) {
+  return QDir().mkpath(Folder) && GiveTo(Owner, Folder);
+}
+
+/// Whether nobody listens on a port of the loopback address.
+inline bool IsFreeLoopbackPort(int Port) {
+  const int Probe = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in Place = {};
+  Place.sin_family = AF_INET;
+  Place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  Place.sin_port = htons(static_cast<std::uint16_t>(Port));
+  const bool Found = bind(Probe, reinterpret_cast<sockaddr*>(&Place), sizeof Place) == 0;
+  close(Probe);
+  return Found;
+}
+
+/// A port of the loopback address that nobody listens on; 0 when there is none. From below those that the system gives
+/// to connections, and from another place in each program, because several run at a time.
+inline int FreeLoopbackPort() {
+  constexpr int First = 12000, Count = 20000, Attempts = 200;
+  static int Next = QRandomGenerator::global()->bounded(Count);
+  for (int Attempt = 0; Attempt < Attempts; ++Attempt) {
+    const int Port = First + Next++ % Count;
+    if (IsFreeLoopbackPort(Port)) return Port;
+  }
+  return 0;
 }

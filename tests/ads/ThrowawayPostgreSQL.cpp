@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QThread>
+#include <QUuid>
 #include <csignal>
 #include <utility>
 
@@ -29,13 +30,18 @@ const passwd* Account() {
 }  // namespace
 
 TThrowawayPostgreSQL::TThrowawayPostgreSQL(TServerOptions Options)
-    : Options_(std::move(Options)), Programs_(FindPrograms()) {
+    : TThrowawayPostgreSQL(TOptions{std::move(Options)}) {}
+
+TThrowawayPostgreSQL::TThrowawayPostgreSQL(TOptions Options) : Options_(std::move(Options)), Programs_(FindPrograms()) {
+  if (Options_.OnLoopback) Port_ = FreeLoopbackPort();
   if (Programs_.isEmpty()) {
     Reason_ = "PostgreSQL's server is not installed";
   } else if (!QSqlDatabase::isDriverAvailable("QPSQL")) {
     Reason_ = "Qt's PostgreSQL driver is not installed";
+  } else if (Options_.Primary != nullptr && !Options_.Primary->IsRunning()) {
+    Reason_ = Options_.Primary->Reason();
   } else if (!CreateCluster()) {
-    Reason_ = "PostgreSQL's initdb failed";
+    Reason_ = Options_.Primary != nullptr ? "PostgreSQL's pg_basebackup failed" : "PostgreSQL's initdb failed";
   } else if (!Start()) {
     Reason_ = "The PostgreSQL server does not answer";
   }
@@ -46,7 +52,8 @@ TThrowawayPostgreSQL::~TThrowawayPostgreSQL() {
 }
 
 std::string TThrowawayPostgreSQL::Address(const QString& DatabaseName) const {
-  return "postgresql://tester@/" + DatabaseName.toStdString() + "?host=" + Host().toStdString();
+  return "postgresql://tester@/" + DatabaseName.toStdString() + "?host=" + Host().toStdString() +
+         "&port=" + std::to_string(Port_);
 }
 
 bool TThrowawayPostgreSQL::Restart() {
@@ -64,27 +71,39 @@ QString TThrowawayPostgreSQL::DataFolder() const {
   return Options_.Folder.isEmpty() ? Folder_.filePath("data") : Options_.Folder;
 }
 
-bool TThrowawayPostgreSQL::CreateCluster() {
-  if (!GiveFolder(Folder_.path(), Account()) || !GiveFolder(DataFolder(), Account())) return false;
-  if (QFile::exists(DataFolder() + "/PG_VERSION")) return true;
+bool TThrowawayPostgreSQL::Run(const QString& Program, const QStringList& Arguments) const {
   QProcess Process;
   RunAs(Process, Account(), SIGQUIT);
-  Process.start(Programs_ + "/initdb",
-                {"-D", DataFolder(), "-E", "UTF8", "--locale=C.UTF-8", "-U", "tester", "--auth=trust", "--no-sync"});
+  Process.start(Programs_ + Program, Arguments);
   return Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0;
+}
+
+bool TThrowawayPostgreSQL::CreateCluster() {
+  if (!GiveTo(Account(), Folder_.path())) return false;
+  if (Options_.Primary != nullptr) {
+    return Run("/pg_basebackup", {"-D", DataFolder(), "-R", "-c", "fast", "--no-sync", "-U", "tester", "-h",
+                                  Options_.Primary->Host(), "-p", QString::number(Options_.Primary->Port())});
+  }
+  if (!GiveFolder(Account(), DataFolder())) return false;
+  if (QFile::exists(DataFolder() + "/PG_VERSION")) return true;
+  return Run("/initdb",
+             {"-D", DataFolder(), "-E", "UTF8", "--locale=C.UTF-8", "-U", "tester", "--auth=trust", "--no-sync"});
 }
 
 bool TThrowawayPostgreSQL::Start() {
   RunAs(Server_, Account(), SIGQUIT);
   Server_.setStandardOutputFile(QProcess::nullDevice());
   Server_.setStandardErrorFile(QProcess::nullDevice());
-  QStringList Arguments{"-D", DataFolder(), "-k", Folder_.path(), "-h", "", "-F"};
+  QStringList Arguments{"-D", DataFolder(),           "-k", Folder_.path(),
+                        "-p", QString::number(Port_), "-h", Options_.OnLoopback ? "127.0.0.1" : "",
+                        "-F"};
   for (const QString& Setting : Options_.Settings) Arguments << "-c" << Setting;
   Server_.start(Programs_ + "/postgres", Arguments);
+  const QString Probe = QUuid::createUuid().toString();
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 20000; QThread::msleep(50)) {
-    const bool Answers = Connect("ThrowawayPostgreSQL").isOpen();
-    QSqlDatabase::removeDatabase("ThrowawayPostgreSQL");
+    const bool Answers = Connect(Probe).isOpen();
+    QSqlDatabase::removeDatabase(Probe);
     if (Answers) return true;
   }
   return false;
@@ -93,6 +112,7 @@ bool TThrowawayPostgreSQL::Start() {
 QSqlDatabase TThrowawayPostgreSQL::Connect(const QString& ConnectionName, const QString& DatabaseName) const {
   QSqlDatabase Database = QSqlDatabase::addDatabase("QPSQL", ConnectionName);
   Database.setHostName(Folder_.path());
+  Database.setPort(Port_);
   Database.setDatabaseName(DatabaseName);
   Database.setUserName("tester");
   Database.open();
