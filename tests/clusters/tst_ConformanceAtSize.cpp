@@ -1,13 +1,14 @@
 #include <QTest>
-#include <QUuid>
 #include <algorithm>
 
 #include "clusters/Companies.h"
+#include "clusters/Host.h"
 #include "clusters/ThrowawayPgBouncer.h"
 #include "sample/SampleCompany.h"
 #include "servers/Backends.h"
 #include "servers/SameLists.h"
 
+using support::NewName;
 using support::TBackend;
 using support::TBackendKind;
 
@@ -16,11 +17,9 @@ using support::TBackendKind;
 class tst_ConformanceAtSize : public support::TSameLists {
   Q_OBJECT
 
-  /// A connection of the host's.
   struct TWay {
     QString Name;
-    QSqlDatabase Database;
-    std::unique_ptr<ads::TAdsConnection> Connection;
+    std::unique_ptr<support::THost> Host;
   };
 
   std::unique_ptr<support::TBackends> All_;
@@ -40,11 +39,10 @@ class tst_ConformanceAtSize : public support::TSameLists {
     return Companies_.back()->Database().databaseName();
   }
 
-  void Add(const QString& Name, QSqlDatabase Database) {
+  void Add(const QString& Name, const QSqlDatabase& Database) {
     QVERIFY2(Database.isOpen(), qPrintable(Name + ": " + Database.lastError().text()));
-    Ways_.push_back({Name, Database, std::make_unique<ads::TAdsConnection>(Database)});
+    Ways_.push_back({Name, std::make_unique<support::THost>(Database)});
   }
-  static QString NewName() { return QUuid::createUuid().toString(); }
 
   static QSqlDatabase ByODBC(const QString& Host, int Port, const QString& Name) {
     QSqlDatabase Database = QSqlDatabase::addDatabase("QODBC", NewName());
@@ -80,7 +78,6 @@ class tst_ConformanceAtSize : public support::TSameLists {
     Standby_ = std::make_unique<TThrowawayPostgreSQL>(TThrowawayPostgreSQL::TOptions{{}, false, &All_->Server()});
     QVERIFY2(Standby_->IsRunning(), qPrintable(Standby_->Reason()));
     Add("a hot standby", Standby_->Connect(NewName(), Plain));
-    QVERIFY(TBackend::Value(Ways_.back().Database, "SELECT pg_is_in_recovery()").toBool());
   }
 
   void AddShapes() {
@@ -109,16 +106,12 @@ class tst_ConformanceAtSize : public support::TSameLists {
     AddPoolers();
     AddStandby();
     AddShapes();
-    for (const TWay& Way : Ways_) Over.push_back({Way.Name, Way.Connection.get()});
+    for (const TWay& Way : Ways_) Over.push_back({Way.Name, Way.Host->Connection()});
   }
 
   void cleanupTestCase() {
     qInfo("%d lists compared", Comparisons());
-    for (TWay& Way : Ways_) {
-      const QString Name = Way.Database.connectionName();
-      Way = {};
-      QSqlDatabase::removeDatabase(Name);
-    }
+    Ways_.clear();
     Companies_.clear();
   }
 
@@ -133,7 +126,7 @@ class tst_ConformanceAtSize : public support::TSameLists {
   void shouldFindEachWayToBeWhatItIsCalled() {
     const auto Of = [this](const char* Name, const char* Sql) {
       const auto Way = std::find_if(Ways_.begin(), Ways_.end(), [Name](const TWay& Each) { return Each.Name == Name; });
-      return Way == Ways_.end() ? QString("none") : TBackend::Value(Way->Database, Sql).toString();
+      return Way == Ways_.end() ? QString("none") : Way->Host->Value(Sql);
     };
     const char Kinds[] = "SELECT string_agg(DISTINCT relkind::text, '') FROM pg_class WHERE relname IN ('oe', 'area')";
     QCOMPARE(Of("partitions", Kinds), QString("pr"));
