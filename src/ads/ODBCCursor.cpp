@@ -151,7 +151,12 @@ class TStatementHandle {
     for (const char* Ended : {"57014", "HY008", "HYT00"}) {
       if (Diagnosis.State == Ended) throw EQueryEnded(Diagnosis.Message);
     }
-    if (!Diagnosis.State.starts_with("08") && !IsLost(Connection_)) throw EDatabaseError(Diagnosis.Message);
+    if (!IsLost(Connection_)) {
+      // A server behind this one is gone, or a transaction was given up to let others go on.
+      const bool IsElsewhere = Diagnosis.State == "08001" || Diagnosis.State == "08006";
+      if (IsElsewhere || Diagnosis.State.starts_with("40")) throw EQueryEnded(Diagnosis.Message);
+      if (!Diagnosis.State.starts_with("08")) throw EDatabaseError(Diagnosis.Message);
+    }
     RaiseConnectionLost(Diagnosis.Message);
   }
 

@@ -207,7 +207,7 @@ class TPostgreSQLCursor final : public TCursor {
     if (Answer != nullptr) {
       const ExecStatusType Status = PQresultStatus(Answer.get());
       if (Status != PGRES_FATAL_ERROR) return;
-      if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Answer.get()));
+      Talk_.RequireNotLost(Answer.get());
       if (Phase_ != TPhase::Ending && !Failure_) FailAs(Answer.get());
       return;
     }
@@ -249,7 +249,7 @@ class TPostgreSQLCursor final : public TCursor {
         EndQuery(TPhase::Closing);
         return false;
       default:
-        if (Talk_.IsLost()) RaiseConnectionLost(PostgreSQLMessage(Result_.get()));
+        Talk_.RequireNotLost(Result_.get());
         FailAs(Result_.get());
         EndQuery(TPhase::Closing);
         return false;
@@ -266,7 +266,6 @@ class TPostgreSQLCursor final : public TCursor {
   void Fail(const std::string& Message) { Failure_ = std::make_exception_ptr(EDatabaseError(Message)); }
 
   void FailAs(const PGresult* Answer) {
-    constexpr std::string_view Canceled = "57014";
     constexpr std::string_view InFailedTransaction = "25P02";
     const char* State = PQresultErrorField(Answer, PG_DIAG_SQLSTATE);
     if (State != nullptr && State == InFailedTransaction && !HadFailed_) {
@@ -275,7 +274,7 @@ class TPostgreSQLCursor final : public TCursor {
       Failure_ = std::make_exception_ptr(EDisturbed());
       return;
     }
-    if (State == nullptr || State != Canceled) return Fail(PostgreSQLMessage(Answer));
+    if (State == nullptr || !IsEndedByOthers(State)) return Fail(PostgreSQLMessage(Answer));
     Failure_ = std::make_exception_ptr(EQueryEnded(PostgreSQLMessage(Answer)));
   }
 

@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+#include <cstring>
 #include <thread>
 
 #include "ads/Cursor.h"
@@ -34,6 +35,13 @@ std::string PostgreSQLMessage(const PGresult* Result) {
   return Detail == nullptr ? Primary : std::string(Primary) + "\n" + Detail;
 }
 
+bool IsEndedByOthers(std::string_view State) {
+  for (const char* Class : {"08", "40", "57"}) {  // connections of the server's own, transaction rollback, operators
+    if (State.starts_with(Class)) return true;
+  }
+  return false;
+}
+
 // The end of a query of the host's whose rows were all read may have arrived without having been taken note of.
 PGTransactionStatusType TPostgreSQLTalk::TakeStatus() const {
   if (IsLost()) RaiseLost();
@@ -44,6 +52,16 @@ PGTransactionStatusType TPostgreSQLTalk::TakeStatus() const {
 
 void TPostgreSQLTalk::RaiseLost() const {
   RaiseConnectionLost(ConnectionMessage(Handle_));
+}
+
+// The server closes the connection behind its last words, which libpq does not know before it has read that.
+void TPostgreSQLTalk::RequireNotLost(const PGresult* Answer) const {
+  const char* Severity = PQresultErrorField(Answer, PG_DIAG_SEVERITY_NONLOCALIZED);
+  const bool IsLast =
+      Severity != nullptr && (std::strcmp(Severity, "FATAL") == 0 || std::strcmp(Severity, "PANIC") == 0);
+  if (!IsLast && !IsLost()) return;
+  if (!IsLost()) Cut();
+  RaiseConnectionLost(PostgreSQLMessage(Answer));
 }
 
 void TPostgreSQLTalk::Send(const std::string& Statements) {

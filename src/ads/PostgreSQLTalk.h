@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace ads {
 
@@ -16,6 +17,10 @@ using TPostgreSQLResult = std::unique_ptr<PGresult, TPostgreSQLResultCloser>;
 
 /// The words of the server about a failure: its message and its detail where it gave one.
 std::string PostgreSQLMessage(const PGresult* Result);
+
+/// Whether a statement failed for something that no other statement would change: it was cancelled, the server gave its
+/// transaction up to let others go on (a deadlock, a standby that follows its primary), or a server behind it is gone.
+bool IsEndedByOthers(std::string_view State);
 
 /// Statements and answers on a borrowed libpq connection, of which none holds up its caller for longer than it likes.
 class TPostgreSQLTalk {
@@ -32,6 +37,8 @@ class TPostgreSQLTalk {
   PGTransactionStatusType TakeStatus() const;
   bool IsLost() const { return PQstatus(Handle_) != CONNECTION_OK; }
   [[noreturn]] void RaiseLost() const;
+  /// Throws `EConnectionLost` when an answer is the last one, with which the server has ended the session.
+  void RequireNotLost(const PGresult* Answer) const;
 
   /// Sends statements that give no rows, separated by semicolons. Throws `EDatabaseError`.
   void Send(const std::string& Statements);

@@ -149,7 +149,8 @@ TColumnKinds ServesInPostgreSQL(const std::string& Type) {
 
 // In its own columns, so that no driver has to know the catalog's types.
 constexpr char PostgreSQLColumns[] =
-    "SELECT CAST(c.relname AS text), CASE WHEN c.relkind IN ('v', 'm') THEN 1 ELSE 0 END, CAST(a.attname AS text), "
+    "SELECT CAST(c.relname AS text), CASE WHEN c.relkind IN ('v', 'm', 'f') THEN 1 ELSE 0 END, CAST(a.attname AS "
+    "text), "
     "format_type(CASE WHEN t.typbasetype <> 0 THEN t.typbasetype ELSE a.atttypid END, NULL), "
     "CASE WHEN has_column_privilege(c.oid, a.attnum, 'SELECT') THEN 1 ELSE 0 END "
     "FROM pg_catalog.pg_class c INNER JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid "
@@ -164,6 +165,25 @@ constexpr char PostgreSQLIndexes[] =
     "LEFT JOIN pg_catalog.pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = k.attnum "
     "WHERE i.indisvalid AND i.indpred IS NULL AND k.place <= i.indnkeyatts "
     "AND pg_catalog.pg_table_is_visible(c.oid) AND c.relname IN ";
+// Of partitioned tables: the columns over which every partition of this server has an index, be it of its own. In two
+// parts, between which the names belong.
+constexpr char PostgreSQLPartitionIndexes[] =
+    "WITH RECURSIVE part AS (SELECT c.oid AS parent, c.relname, c.oid AS relid, c.relkind FROM pg_catalog.pg_class c "
+    "WHERE c.relkind = 'p' AND pg_catalog.pg_table_is_visible(c.oid) AND c.relname IN ";
+constexpr char PostgreSQLPartitionIndexesRest[] =
+    " UNION ALL SELECT p.parent, p.relname, h.inhrelid, l.relkind FROM part p "
+    "INNER JOIN pg_catalog.pg_inherits h ON h.inhparent = p.relid "
+    "INNER JOIN pg_catalog.pg_class l ON l.oid = h.inhrelid), "
+    "leaf AS (SELECT * FROM part WHERE relkind = 'r'), "
+    "keys AS (SELECT DISTINCT f.parent, f.relname, f.relid, (SELECT array_agg(coalesce(CAST(a.attname AS text), '') "
+    "ORDER BY k.place) FROM unnest(CAST(i.indkey AS smallint[])) WITH ORDINALITY k (attnum, place) "
+    "LEFT JOIN pg_catalog.pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = k.attnum "
+    "WHERE k.place <= i.indnkeyatts) AS names FROM leaf f "
+    "INNER JOIN pg_catalog.pg_index i ON i.indrelid = f.relid WHERE i.indisvalid AND i.indpred IS NULL), "
+    "everywhere AS (SELECT y.relname, y.names FROM keys y GROUP BY y.parent, y.relname, y.names "
+    "HAVING COUNT(*) = (SELECT COUNT(*) FROM leaf f WHERE f.parent = y.parent)) "
+    "SELECT CAST(e.relname AS text), CAST(e.names AS text), n.name FROM everywhere e "
+    "CROSS JOIN LATERAL unnest(e.names) WITH ORDINALITY n (name, place) ORDER BY 1, 2, n.place";
 constexpr char PostgreSQLOthers[] =
     "SELECT CAST(c.relname AS text), CAST(s.nspname AS text), "
     "CASE WHEN has_schema_privilege(s.oid, 'USAGE') THEN 1 ELSE 0 END "
@@ -172,13 +192,15 @@ constexpr char PostgreSQLOthers[] =
     "AND (NOT pg_catalog.pg_table_is_visible(c.oid) OR c.relname <> lower(c.relname)) "
     "AND s.nspname NOT IN ('pg_catalog', 'information_schema') AND lower(c.relname) IN ";
 
-// A row of table, index and column; the rows of one index come one after another.
-void AddIndexColumn(const TRow& Row, TServerFacts& Facts) {
-  const auto IsTable = [&Row](const TTableFacts& Table) { return Table.Name == Row[0]; };
-  const auto Table = std::find_if(Facts.Tables.begin(), Facts.Tables.end(), IsTable);
-  if (Table == Facts.Tables.end()) return;
-  if (Table->Indexes.empty() || Table->Indexes.back().Name != Row[1]) Table->Indexes.push_back({Row[1], {}});
-  Table->Indexes.back().Columns.push_back(Row[2]);
+// Of rows with the table, the index and its next column.
+void AddIndexes(const std::vector<TRow>& Columns, TServerFacts& Facts) {
+  for (const TRow& Row : Columns) {
+    const auto IsTable = [&Row](const TTableFacts& Table) { return Table.Name == Row[0]; };
+    const auto Table = std::find_if(Facts.Tables.begin(), Facts.Tables.end(), IsTable);
+    if (Table == Facts.Tables.end()) continue;
+    if (Table->Indexes.empty() || Table->Indexes.back().Name != Row[1]) Table->Indexes.push_back({Row[1], {}});
+    Table->Indexes.back().Columns.push_back(Row[2]);
+  }
 }
 
 void AddPostgreSQLTables(const TAdsConnection& Connection, const std::string& Names, TServerFacts& Facts) {
@@ -188,9 +210,8 @@ void AddPostgreSQLTables(const TAdsConnection& Connection, const std::string& Na
     }
     Facts.Tables.back().Columns.push_back({Row[2], Row[3], ServesInPostgreSQL(Row[3]), Row[4] == "1"});
   }
-  for (const TRow& Row : Rows(Connection, PostgreSQLIndexes + Names + " ORDER BY c.relname, n.relname, k.place")) {
-    AddIndexColumn(Row, Facts);
-  }
+  AddIndexes(Rows(Connection, PostgreSQLIndexes + Names + " ORDER BY c.relname, n.relname, k.place"), Facts);
+  AddIndexes(Rows(Connection, PostgreSQLPartitionIndexes + Names + PostgreSQLPartitionIndexesRest), Facts);
   for (const TRow& Row : Rows(Connection, PostgreSQLOthers + Names)) {
     const char* Why = Row[2] == "0"             ? ", a schema that the account may not use"
                       : Row[0] != Lower(Row[0]) ? "; names must be in lower case"
@@ -291,9 +312,7 @@ void AddMariaDB(const TAdsConnection& Connection, const std::vector<std::string>
     if (Row[2].empty()) continue;
     Facts.Tables.back().Columns.push_back({Row[2], Row[3], ServesInMariaDB(Row[3]), Row[4] == "1"});
   }
-  for (const TRow& Row : Rows(Connection, MariaDBIndexes + Names + " ORDER BY table_name, index_name, seq_in_index")) {
-    AddIndexColumn(Row, Facts);
-  }
+  AddIndexes(Rows(Connection, MariaDBIndexes + Names + " ORDER BY table_name, index_name, seq_in_index"), Facts);
   for (const TRow& Row : Rows(Connection, MariaDBOthers + Names)) {
     Facts.Others.push_back(
         {Lower(Row[0]), "\"" + Row[0] + "\" stands in \"" + Row[1] + "\"; names must be in lower case"});

@@ -28,7 +28,7 @@ struct TIndexFacts {
 
 struct ZULADS_EXPORT TTableFacts {
   std::string Name;
-  bool IsView = false;
+  bool IsView = false;  ///< or a table of another server: it has no indexes here
   std::string Failure;  ///< why its columns are not known; empty when they are
   std::vector<TColumnFacts> Columns;
   std::vector<TIndexFacts> Indexes;  ///< over all its rows, the key of the table among them

@@ -2,10 +2,11 @@
 
 #include <QSqlQuery>
 #include <QStringList>
-#include <QUuid>
+#include <functional>
 #include <utility>
 
-#include "servers/Backends.h"
+#include "clusters/Host.h"
+#include "sample/SampleCompany.h"
 
 namespace support {
 
@@ -66,6 +67,12 @@ void Divide(const QSqlDatabase& Database, const TCreateMiddle& CreateMiddle) {
 
 }  // namespace
 
+void CreateCompanyOn(const TThrowawayPostgreSQL& Server) {
+  THost Host(Server.Connect(NewName()));
+  Host.Execute(QStringLiteral("CREATE DATABASE company"));
+  sample::CreateCompanyOnServer(Server.Address(QStringLiteral("company")));
+}
+
 QString Quoted(const QString& Name) {
   return '"' + QString(Name).replace(QLatin1Char('"'), QStringLiteral("\"\"")) + '"';
 }
@@ -77,25 +84,21 @@ void PartitionByRange(const QSqlDatabase& Database) {
 }
 
 void PutShardsOn(const QSqlDatabase& Database, const TThrowawayPostgreSQL& Other) {
-  const QString FarName = QUuid::createUuid().toString();
-  {
-    QSqlDatabase Far = Other.Connect(FarName, QStringLiteral("company"));
-    Execute(Database, QStringLiteral("CREATE EXTENSION postgres_fdw"));
-    Execute(Database, QStringLiteral("CREATE SERVER far FOREIGN DATA WRAPPER postgres_fdw OPTIONS (host '%1', port "
-                                     "'%2', dbname 'company')")
-                          .arg(Other.Host())
-                          .arg(Other.Port()));
-    Execute(Database, QStringLiteral("CREATE USER MAPPING FOR PUBLIC SERVER far OPTIONS (user 'tester')"));
-    Divide(Database, [&](const QString& Table, const QString& Bounds) {
-      Execute(Far, QStringLiteral("CREATE TABLE %1_middle (LIKE %1)").arg(Table));
-      Execute(Database,
-              QStringLiteral("CREATE FOREIGN TABLE %1_middle PARTITION OF %1 %2 SERVER far").arg(Table, Bounds));
-    });
-    Execute(Database, QStringLiteral("DROP TABLE %1").arg(FarTables));
+  THost Far(Other.Connect(NewName(), QStringLiteral("company")));
+  Execute(Database, QStringLiteral("CREATE EXTENSION postgres_fdw"));
+  Execute(Database, QStringLiteral("CREATE SERVER far FOREIGN DATA WRAPPER postgres_fdw OPTIONS (host '%1', port "
+                                   "'%2', dbname 'company')")
+                        .arg(Other.Host())
+                        .arg(Other.Port()));
+  Execute(Database, QStringLiteral("CREATE USER MAPPING FOR PUBLIC SERVER far OPTIONS (user 'tester')"));
+  Divide(Database, [&](const QString& Table, const QString& Bounds) {
+    Far.Execute(QStringLiteral("CREATE TABLE %1_middle (LIKE %1)").arg(Table));
     Execute(Database,
-            QStringLiteral("IMPORT FOREIGN SCHEMA public LIMIT TO (%1) FROM SERVER far INTO public").arg(FarTables));
-  }
-  QSqlDatabase::removeDatabase(FarName);
+            QStringLiteral("CREATE FOREIGN TABLE %1_middle PARTITION OF %1 %2 SERVER far").arg(Table, Bounds));
+  });
+  Execute(Database, QStringLiteral("DROP TABLE %1").arg(FarTables));
+  Execute(Database,
+          QStringLiteral("IMPORT FOREIGN SCHEMA public LIMIT TO (%1) FROM SERVER far INTO public").arg(FarTables));
 }
 
 void PutViewsInPlace(const QSqlDatabase& Database) {

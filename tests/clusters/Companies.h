@@ -6,6 +6,9 @@
 
 namespace support {
 
+/// Creates the sample company on a server, in a database of the name "company".
+void CreateCompanyOn(const TThrowawayPostgreSQL& Server);
+
 // What a sample company's database on a PostgreSQL server is made into: the dialogs see the same tables, which lie in
 // other ways. Each takes a connection to that database as its owner.
 

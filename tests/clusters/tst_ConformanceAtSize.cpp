@@ -4,7 +4,6 @@
 #include "clusters/Companies.h"
 #include "clusters/Host.h"
 #include "clusters/ThrowawayPgBouncer.h"
-#include "sample/SampleCompany.h"
 #include "servers/Backends.h"
 #include "servers/SameLists.h"
 
@@ -82,9 +81,7 @@ class tst_ConformanceAtSize : public support::TSameLists {
 
   void AddShapes() {
     Far_ = std::make_unique<TThrowawayPostgreSQL>();
-    TBackend::Execute(Far_->Connect("company"), "CREATE DATABASE company");
-    QSqlDatabase::removeDatabase("company");
-    sample::CreateCompanyOnServer(Far_->Address("company"));
+    support::CreateCompanyOn(*Far_);
     NewCompany(support::PartitionByRange);
     Add("partitions", As("tester", *Companies_.back()));
     NewCompany([this](const QSqlDatabase& Database) { support::PutShardsOn(Database, *Far_); });

@@ -118,7 +118,7 @@ class tst_PgBouncer : public QObject {
   void init() {
     Company_ = Backends_->Open(TBackendKind::PostgreSQL);
     Company_->ExecuteBeside(
-        "CREATE VIEW sleepy AS SELECT id, pg_sleep(60)::text AS nap FROM cust WHERE pg_sleep(60) IS NOT NULL");
+        "CREATE VIEW sleepy AS SELECT id, pg_sleep(30)::text AS nap FROM cust WHERE pg_sleep(30) IS NOT NULL");
     // Which transaction it is that reads; and more rows than are in a list's first page.
     Company_->ExecuteBeside(
         "CREATE VIEW stamped AS SELECT id || '-' || n AS id, pg_backend_pid() || ' ' || now() AS stamp FROM cust, "
