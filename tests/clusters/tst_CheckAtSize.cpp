@@ -102,7 +102,7 @@ class tst_CheckAtSize : public QObject {
     Company_->ExecuteBeside("CREATE VIEW cust AS SELECT id, company FROM stored.cust");
     const TReport Less = CheckAs();
     QVERIFY(!Less.IsFit());
-    QVERIFY2(Names(Less, "Column Cust.Email is missing"), check::TextOf(Less).c_str());
+    QVERIFY2(Names(Less, "Column Cust.Phone is missing"), check::TextOf(Less).c_str());
   }
 
   void shouldFollowTheSearchPath() {

@@ -330,6 +330,18 @@ class tst_PgBouncer : public QObject {
     QCOMPARE(Told(Boxes_->Messages()), std::string());
   }
 
+  // What a pool that is smaller than the program's needs comes to.
+  void shouldSayThatAQueryWaitsForItsOwnProgramsList() {
+    OpenOfOne(TMode::Transaction, {"query_wait_timeout = 1"});
+    const std::unique_ptr<THost> Host = Connect();
+    const std::unique_ptr<THost> Other = Connect();
+    const std::unique_ptr<TListDialog> Dialog = TListDialog::Create(Host->Connection(), Million);
+    QTRY_VERIFY(Dialog->qryList_->KnownRows() > 1000);
+    QVERIFY(!Dialog->qryList_->IsComplete());
+    QVERIFY_THROWS_EXCEPTION(ads::EConnectionLost, Customers(*Other));
+    QCOMPARE(Dialog->qryList_->RecordCount(), 1000000);
+  }
+
   // A session has its connection from the beginning.
   void shouldSayThatThePoolerIsFull() {
     OpenOfOne(TMode::Transaction, {"query_wait_timeout = 1"});

@@ -117,6 +117,21 @@ class tst_Shards : public QObject {
     FindsAgain(*Dialog);
   }
 
+  // Neither the letters of any language nor where nulls stand is anything that the other server is trusted with.
+  void shouldFetchTheRowsAndSortThemHere() {
+    THost Host(Backends_->Connect(*Company_));
+    const ads::TListStatements Statements = Host.Connection()->Statements(
+        "SELECT ID, UPPER(Company) SortFld FROM Cust WHERE UPPER(Company) LIKE '%AN%' ORDER BY SortFld", {}, 1001);
+    QStringList Plan;
+    QSqlQuery Query(Host.Database());
+    QVERIFY(Query.exec("EXPLAIN (VERBOSE, COSTS OFF) " + QString::fromStdString(Statements.Page)));
+    while (Query.next()) Plan << Query.value(0).toString().trimmed();
+    QVERIFY2(!Plan.filter("Sort Key: ").isEmpty(), qPrintable(Plan.join('\n')));
+    const QStringList Sent = Plan.filter("Remote SQL: ");
+    QCOMPARE(Sent.size(), 1);
+    QVERIFY2(!Sent.front().contains("ORDER BY") && !Sent.front().contains("LIKE"), qPrintable(Sent.front()));
+  }
+
   void shouldReadInsideTheHostsTransaction_data() { AddKinds(); }
   void shouldReadInsideTheHostsTransaction() {
     const std::unique_ptr<THost> Host = Connect();
