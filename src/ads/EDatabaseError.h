@@ -23,7 +23,8 @@ class ZULADS_EXPORT EConnectionLost : public EDatabaseError {
 };
 
 /// A query was ended from outside before its end: by the server's administrator, by a time limit that the host has set,
-/// by an interrupt. Nothing is wrong with the query, nor with the connection.
+/// by an interrupt, or because a cluster's node may not answer or had to take another node's change first. Nothing is
+/// wrong with the query, nor with the connection.
 class ZULADS_EXPORT EQueryEnded : public EDatabaseError {
  public:
   explicit EQueryEnded(const std::string& Message);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <deque>
 #include <exception>
 #include <future>
 #include <memory>
@@ -152,7 +153,7 @@ class TMariaDBCursor final : public TCursor {
   };
 
   // Server's and client library's numbers of errors.
-  static constexpr unsigned Interrupted = 1317, OutOfTime = 1969, Killed = 1927, ShutsDown = 1053;
+  static constexpr unsigned Killed = 1927, ShutsDown = 1053;
   static constexpr unsigned ConnectionGone[] = {2002, 2003, 2006, 2013, 2055, Killed, ShutsDown};
 
   TMariaDBShape Shape(int Column) const { return Shapes_[static_cast<std::size_t>(Column)]; }
@@ -274,12 +275,25 @@ class TMariaDBCursor final : public TCursor {
       FailAsTold();
       return GoIdle();
     }
-    // What cannot be ended has been ended by the server, or by the host.
-    if (InHostsTransaction_ && !IsBack_ && Talk_.Failure() == 0) {
-      IsBack_ = true;
-      return SendOwn(mariadb::DropSavepoint);
+    GoOnClosing();
+  }
+
+  // What cannot be ended has been ended by the server, or by the host.
+  void GoOnClosing() {
+    if (Talk_.Failure() == mariadb::NodeNotReady && !IsOutdatedAllowed_) {
+      IsOutdatedAllowed_ = true;
+      ToClose_ = ScopeEnd();
+      ToClose_.push_front(mariadb::AllowOutdated);
+      ToClose_.push_back(mariadb::ForbidOutdated);
     }
-    GoIdle();
+    if (ToClose_.empty()) return GoIdle();
+    SendOwn(ToClose_.front());
+    ToClose_.pop_front();
+  }
+
+  std::deque<const char*> ScopeEnd() const {
+    if (InHostsTransaction_) return {mariadb::BackToSavepoint, mariadb::DropSavepoint};
+    return {mariadb::End};
   }
 
   void TakeQuery() {
@@ -354,7 +368,7 @@ class TMariaDBCursor final : public TCursor {
   void FailAsTold() {
     const unsigned Number = Talk_.Failure();
     if (IsGone(Number)) Raise();
-    if (Number == Interrupted || Number == OutOfTime) {
+    if (mariadb::IsEndedFromOutside(Number)) {
       Failure_ = std::make_exception_ptr(EQueryEnded(Talk_.Message()));
     } else {
       Fail(Number == 0 ? "The server gives no answer." : Talk_.Message());
@@ -369,8 +383,10 @@ class TMariaDBCursor final : public TCursor {
 
   void CloseScope() {
     Talk_.DropResult();
-    IsBack_ = false;
-    SendOwn(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
+    IsOutdatedAllowed_ = false;
+    ToClose_ = ScopeEnd();
+    SendOwn(ToClose_.front());
+    ToClose_.pop_front();
     Phase_ = TPhase::Closing;
   }
 
@@ -425,9 +441,10 @@ class TMariaDBCursor final : public TCursor {
   bool WritesUtf8_ = false;
   bool ReadsUtf8_ = false;
   bool IsOpened_ = false;  // the statement that opens has been sent
-  bool IsBack_ = false;    // at the savepoint
   bool IsAsked_ = false;   // the next row is
   bool OnRow_ = false;
+  std::deque<const char*> ToClose_;  // what is still to be sent
+  bool IsOutdatedAllowed_ = false;
   std::shared_future<void> Cancel_;  // done when the server has heard it
   std::vector<std::string> Names_;
   std::vector<TMariaDBShape> Shapes_;

@@ -23,6 +23,21 @@ inline constexpr char Savepoint[] = "SAVEPOINT zul_pick_c4f1a90e";
 inline constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick_c4f1a90e";
 inline constexpr char DropSavepoint[] = "RELEASE SAVEPOINT zul_pick_c4f1a90e";
 
+/// A node that its cluster has lost ends nothing that was begun, unless the session allows itself to read what may be
+/// out of date; where that was allowed already, the node has not refused.
+inline constexpr char AllowOutdated[] = "SET SESSION wsrep_dirty_reads = 1";
+inline constexpr char ForbidOutdated[] = "SET SESSION wsrep_dirty_reads = 0";
+inline constexpr unsigned NodeNotReady = 1047;
+
+/// Whether an error has ended a statement from outside, with which nothing is wrong: it was killed, has taken or waited
+/// too long, its transaction has made way for another one, or its node may not answer. To try again would be to wait
+/// again, or no longer to stand in the host's transaction.
+constexpr bool IsEndedFromOutside(unsigned Number) {
+  constexpr unsigned Interrupted = 1317, OutOfTime = 1969, LockWait = 1205, Deadlock = 1213;
+  return Number == Interrupted || Number == OutOfTime || Number == LockWait || Number == Deadlock ||
+         Number == NodeNotReady;
+}
+
 /// Before a query, whose values then come in UTF-8; for this one statement.
 inline constexpr char InUtf8[] = "SET STATEMENT character_set_results=utf8mb4 FOR ";
 

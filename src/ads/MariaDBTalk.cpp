@@ -1,5 +1,7 @@
 #include "ads/MariaDBTalk.h"
 
+#include <fcntl.h>
+#include <netdb.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -7,6 +9,8 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -21,8 +25,9 @@ constexpr my_socket NoSocket = -1;
 // What a second connection to the same server needs, copied from the first one.
 class TSecondConnection {
  public:
-  explicit TSecondConnection(const MYSQL* First)
-      : Host_(Text(First->host)),
+  TSecondConnection(const MYSQL* First, std::string Sql)
+      : Sql_(std::move(Sql)),
+        Host_(Text(First->host)),
         User_(Text(First->user)),
         Password_(Text(First->passwd)),
         Socket_(Text(First->unix_socket)),
@@ -38,6 +43,8 @@ class TSecondConnection {
     }
     mysql_get_option(const_cast<MYSQL*>(First), MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &Verifies_);
     mysql_get_option(const_cast<MYSQL*>(First), MYSQL_OPT_PROTOCOL, &Protocol_);
+    // A name may stand for several servers; but a certificate is made out to the name.
+    if (!Verifies_) Host_ = PeerOf(First).value_or(Host_);
   }
 
   // A connection that cannot be made kills nothing; who waits for the statement's end does what follows then.
@@ -46,7 +53,8 @@ class TSecondConnection {
     if (Second == nullptr) return;
     SetOptions(Second);
     if (mysql_real_connect(Second, Host_.c_str(), OrNull(User_), OrNull(Password_), nullptr, Port_, OrNull(Socket_),
-                           Flags_) != nullptr) {
+                           Flags_) != nullptr &&
+        IsAtStatement(Second)) {
       const std::string Sql = "KILL QUERY " + std::to_string(Thread_);
       mysql_real_query(Second, Sql.data(), Sql.size());
     }
@@ -60,6 +68,36 @@ class TSecondConnection {
 
   static std::string Text(const char* Value) { return Value == nullptr ? "" : Value; }
   static const char* OrNull(const std::string& Value) { return Value.empty() ? nullptr : Value.c_str(); }
+
+  // The address to which a connection goes; none where it goes by a file.
+  static std::optional<std::string> PeerOf(const MYSQL* First) {
+    sockaddr_storage Address = {};
+    auto* Peer = reinterpret_cast<sockaddr*>(&Address);
+    socklen_t Size = sizeof Address;
+    char Digits[NI_MAXHOST];
+    if (getpeername(mysql_get_socket(const_cast<MYSQL*>(First)), Peer, &Size) != 0) return {};
+    if (Peer->sa_family != AF_INET && Peer->sa_family != AF_INET6) return {};
+    if (getnameinfo(Peer, Size, Digits, sizeof Digits, nullptr, 0, NI_NUMERICHOST) != 0) return {};
+    return Digits;
+  }
+
+  // What answers may be another server than the first connection's, by a balancer between, and have given the number
+  // to somebody else; and the first one's statement may have come to its end.
+  bool IsAtStatement(MYSQL* Second) const {
+    const std::string Sql =
+        "SET STATEMENT character_set_results=utf8mb4 FOR SELECT info FROM "
+        "information_schema.processlist WHERE id = " +
+        std::to_string(Thread_);
+    if (mysql_real_query(Second, Sql.data(), Sql.size()) != 0) return false;
+    const std::unique_ptr<MYSQL_RES, decltype(&mysql_free_result)> Result(mysql_store_result(Second),
+                                                                          &mysql_free_result);
+    if (Result == nullptr) return false;
+    const MYSQL_ROW Row = mysql_fetch_row(Result.get());
+    if (Row == nullptr || Row[0] == nullptr) return false;
+    constexpr std::size_t Told = 65535;  // bytes of a statement
+    const std::string_view Running = Row[0];
+    return Running == Sql_ || (Running.size() >= Told && Sql_.starts_with(Running));
+  }
 
   void SetOptions(MYSQL* Second) const {
     constexpr unsigned Seconds = 2;
@@ -75,6 +113,7 @@ class TSecondConnection {
     mysql_options(Second, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &Verifies_);
   }
 
+  std::string Sql_;
   std::string Host_, User_, Password_, Socket_;
   unsigned Port_;
   unsigned long Flags_;
@@ -100,6 +139,7 @@ TMariaDBTalk::TMariaDBTalk(MYSQL* Handle) : Handle_(Handle) {
 }
 
 TMariaDBTalk::~TMariaDBTalk() {
+  LetWait();
   if (Handle_ != nullptr && Reconnects_) mysql_options(Handle_, MYSQL_OPT_RECONNECT, &Reconnects_);
 }
 
@@ -111,8 +151,28 @@ bool TMariaDBTalk::IsBusy() const {
   return Handle_->status != MYSQL_STATUS_READY || mysql_more_results(Handle_) != 0;
 }
 
+// Behind TLS the library reads from the socket as it finds it, and would wait there for the whole answer.
+void TMariaDBTalk::ForbidWaiting() {
+  if (IsUnblocked_ || mysql_get_ssl_cipher(Handle_) == nullptr) return;
+  const int Flags = fcntl(mysql_get_socket(Handle_), F_GETFL);
+  IsUnblocked_ =
+      Flags >= 0 && (Flags & O_NONBLOCK) == 0 && fcntl(mysql_get_socket(Handle_), F_SETFL, Flags | O_NONBLOCK) == 0;
+}
+
+void TMariaDBTalk::LetWait() {
+  if (!std::exchange(IsUnblocked_, false) || Handle_ == nullptr || IsLost()) return;
+  const int Flags = fcntl(mysql_get_socket(Handle_), F_GETFL);
+  if (Flags >= 0) fcntl(mysql_get_socket(Handle_), F_SETFL, Flags & ~O_NONBLOCK);
+}
+
+void TMariaDBTalk::DropResult() {
+  Result_.reset();
+  LetWait();
+}
+
 void TMariaDBTalk::Send(std::string Sql) {
   Sql_ = std::move(Sql);
+  ForbidWaiting();
   IsRow_ = false;
   Note(mysql_real_query_start(&Code_, Handle_, Sql_.data(), Sql_.size()));
 }
@@ -178,7 +238,7 @@ std::shared_future<void> TMariaDBTalk::Cancel() const {
         mysql_thread_end();
         Done.set_value();
       },
-      TSecondConnection(Handle_), std::move(Heard))
+      TSecondConnection(Handle_, Sql_), std::move(Heard))
       .detach();
   return Result;
 }

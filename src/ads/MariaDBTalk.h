@@ -45,7 +45,8 @@ class TMariaDBTalk {
   MYSQL_RES* Result() const { return Result_.get(); }
   /// Null behind the last row, and for a failure.
   MYSQL_ROW Row() const { return Row_; }
-  void DropResult() { Result_.reset(); }
+  /// Also when there was none: nothing is under way any more.
+  void DropResult();
 
   /// Asks the server by another connection to end the statement that this one is at, without waiting for that.
   std::shared_future<void> Cancel() const;
@@ -62,6 +63,8 @@ class TMariaDBTalk {
     void operator()(MYSQL_RES* Result) const { mysql_free_result(Result); }
   };
 
+  void ForbidWaiting();
+  void LetWait();
   void Note(int Wait);
   void Resume(int Events);
 
@@ -70,7 +73,8 @@ class TMariaDBTalk {
   std::string Sql_;         // must stay as long as it is being sent
   std::unique_ptr<MYSQL_RES, TFree> Result_;
   MYSQL_ROW Row_ = nullptr;
-  bool IsRow_ = false;  // what is under way, or was last
+  bool IsUnblocked_ = false;  // the socket, for the time of an answer
+  bool IsRow_ = false;        // what is under way, or was last
   int Code_ = 0;
   int Wait_ = 0;  // what the library waits for; 0 when nothing is under way
   TTime TimesOut_;

@@ -46,6 +46,7 @@ std::string_view WithoutNames(std::string_view Message) {
 struct TDiagnosis {
   std::string State;
   std::string Message;
+  SQLINTEGER Native = 0;  // the server's number, where the driver gives one
 };
 
 TDiagnosis Diagnose(SQLSMALLINT Kind, SQLHANDLE Handle) {
@@ -55,10 +56,10 @@ TDiagnosis Diagnose(SQLSMALLINT Kind, SQLHANDLE Handle) {
   SQLSMALLINT Length = 0;
   constexpr auto Room = static_cast<SQLSMALLINT>(std::size(Text));
   if (!Succeeded(SQLGetDiagRecW(Kind, Handle, 1, State, &Native, Text, Room, &Length))) {
-    return {"HY000", "The ODBC driver reports a failure without a message."};
+    return {"HY000", "The ODBC driver reports a failure without a message.", 0};
   }
   const auto Read = static_cast<std::size_t>(std::min<SQLSMALLINT>(Length, static_cast<SQLSMALLINT>(Room - 1)));
-  return {Utf8(State, 5), std::string(WithoutNames(Utf8(Text, Read)))};
+  return {Utf8(State, 5), std::string(WithoutNames(Utf8(Text, Read))), Native};
 }
 
 bool IsLost(SQLHDBC Connection) {
@@ -150,6 +151,11 @@ class TStatementHandle {
     // PostgreSQL's own, and ODBC's for what was canceled or took too long.
     for (const char* Ended : {"57014", "HY008", "HYT00"}) {
       if (Diagnosis.State == Ended) throw EQueryEnded(Diagnosis.Message);
+    }
+    // MariaDB's driver takes a node that may not answer for a connection that is lost.
+    if (ODBCServer(Connection_) == TODBCServer::MariaDB &&
+        mariadb::IsEndedFromOutside(static_cast<unsigned>(Diagnosis.Native))) {
+      throw EQueryEnded(Diagnosis.Message);
     }
     if (!IsLost(Connection_)) {
       // A server behind this one is gone, or a transaction was given up to let others go on.
@@ -243,8 +249,7 @@ class TMariaDBByODBC final : public TScopeByODBC {
   ~TMariaDBByODBC() override {
     if (Connection_ == nullptr) return;
     try {
-      Execute(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
-      if (InHostsTransaction_) Execute(mariadb::DropSavepoint);
+      End();
     } catch (const EDatabaseError&) {
       // The connection is lost, or the server has ended the transaction.
     }
@@ -254,6 +259,21 @@ class TMariaDBByODBC final : public TScopeByODBC {
 
  private:
   void Execute(const char* Sql) const { TStatementHandle(Connection_).Execute(Sql); }
+
+  void End() const {
+    try {
+      CloseScope();
+    } catch (const EQueryEnded&) {  // the node may not answer, and has left open what was begun
+      Execute(mariadb::AllowOutdated);
+      CloseScope();
+      Execute(mariadb::ForbidOutdated);
+    }
+  }
+
+  void CloseScope() const {
+    Execute(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
+    if (InHostsTransaction_) Execute(mariadb::DropSavepoint);
+  }
 
   void Look() {
     TStatementHandle Statement(Connection_);

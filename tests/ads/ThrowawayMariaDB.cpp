@@ -1,44 +1,24 @@
 #include "ads/ThrowawayMariaDB.h"
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QElapsedTimer>
 #include <QFile>
-#include <QSqlQuery>
 #include <QStandardPaths>
-#include <QThread>
 #include <csignal>
 #include <utility>
 
 namespace {
 
-// Distributions do not put the server on every account's path.
-QString Find(const QString& Program) {
-  const QString Found = QStandardPaths::findExecutable(Program);
-  return Found.isEmpty() ? QStandardPaths::findExecutable(Program, {"/usr/sbin", "/usr/libexec"}) : Found;
-}
-
 const passwd* Account() {
   return ServerAccount({"mysql"});
 }
 
-int FreePort() {
-  const int Probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in Place = {};
-  Place.sin_family = AF_INET;
-  Place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t Size = sizeof Place;
-  auto* Any = reinterpret_cast<sockaddr*>(&Place);
-  const bool Found = bind(Probe, Any, Size) == 0 && getsockname(Probe, Any, &Size) == 0;
-  close(Probe);
-  return Found ? ntohs(Place.sin_port) : 0;
-}
-
 }  // namespace
 
-TThrowawayMariaDB::TThrowawayMariaDB(TServerOptions Options) : Options_(std::move(Options)) {
+TThrowawayMariaDB::TThrowawayMariaDB(TServerOptions Options) : TThrowawayMariaDB(std::move(Options), TData::Made) {
+  if (IsRunning() && !Start()) Reason_ = "The MariaDB server does not answer";
+}
+
+TThrowawayMariaDB::TThrowawayMariaDB(TServerOptions Options, TData Data) : Options_(std::move(Options)) {
 #ifdef ZUL_WITHOUT_MARIADB
   Reason_ = "The libraries were built without MariaDB";
   return;
@@ -47,10 +27,8 @@ TThrowawayMariaDB::TThrowawayMariaDB(TServerOptions Options) : Options_(std::mov
     Reason_ = "MariaDB's server is not installed";
   } else if (!QSqlDatabase::isDriverAvailable("QMYSQL")) {
     Reason_ = "Qt's MariaDB driver is not installed";
-  } else if (!CreateData()) {
+  } else if (!MakeFolders() || (Data == TData::Made && !CreateData())) {
     Reason_ = "MariaDB's mariadb-install-db failed";
-  } else if (!Start()) {
-    Reason_ = "The MariaDB server does not answer";
   }
 }
 
@@ -62,25 +40,32 @@ std::string TThrowawayMariaDB::Address(const QString& DatabaseName) const {
   return "mysql://tester@/" + DatabaseName.toStdString() + "?unix_socket=" + Socket().toStdString();
 }
 
-bool TThrowawayMariaDB::Restart() {
-  Stop();
-  return Start();
-}
-
 void TThrowawayMariaDB::Stop() {
   if (Server_.state() == QProcess::NotRunning) return;
-  kill(static_cast<pid_t>(Server_.processId()), SIGTERM);
-  if (Server_.waitForFinished(10000)) return;
+  Server_.terminate();
+  if (!Server_.waitForFinished(20000)) Kill();
+}
+
+void TThrowawayMariaDB::Kill() {
   Server_.kill();
   Server_.waitForFinished(5000);
+}
+
+// Distributions do not put the server on every account's path.
+QString TThrowawayMariaDB::Find(const QString& Program) {
+  const QString Found = QStandardPaths::findExecutable(Program);
+  return Found.isEmpty() ? QStandardPaths::findExecutable(Program, {"/usr/sbin", "/usr/libexec"}) : Found;
 }
 
 QString TThrowawayMariaDB::DataFolder() const {
   return Options_.Folder.isEmpty() ? Folder_.filePath("data") : Options_.Folder;
 }
 
+bool TThrowawayMariaDB::MakeFolders() {
+  return GiveTo(Account(), Folder_.path()) && GiveFolder(Account(), DataFolder());
+}
+
 bool TThrowawayMariaDB::CreateData() {
-  if (!GiveFolder(Folder_.path(), Account()) || !GiveFolder(DataFolder(), Account())) return false;
   if (QFile::exists(DataFolder() + "/ibdata1")) return true;
   QFile Accounts(Folder_.filePath("accounts.sql"));
   if (!Accounts.open(QFile::WriteOnly)) return false;
@@ -90,18 +75,23 @@ bool TThrowawayMariaDB::CreateData() {
   Accounts.setPermissions(Accounts.permissions() | QFile::ReadOther);
   Accounts.close();
   QProcess Process;
-  RunAs(Process, Account(), SIGTERM);
+  RunAs(Process, Account(), SIGKILL);
   Process.start(Find("mariadb-install-db"),
                 {"--no-defaults", "--datadir=" + DataFolder(), "--auth-root-authentication-method=normal",
                  "--skip-test-db", "--skip-name-resolve", "--extra-file=" + Accounts.fileName()});
-  return Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0;
+  if (Process.waitForFinished(60000) && Process.exitStatus() == QProcess::NormalExit && Process.exitCode() == 0) {
+    return true;
+  }
+  qWarning("mariadb-install-db: %s%s", Process.readAllStandardOutput().constData(),
+           Process.readAllStandardError().constData());
+  return false;
 }
 
-bool TThrowawayMariaDB::Start() {
-  Port_ = FreePort();
-  RunAs(Server_, Account(), SIGTERM);
+bool TThrowawayMariaDB::Start(const QStringList& More) {
+  constexpr int Patience = 60000;
+  RunAs(Server_, Account(), SIGKILL);
   Server_.setStandardOutputFile(QProcess::nullDevice());
-  Server_.setStandardErrorFile(QProcess::nullDevice());
+  Server_.setStandardErrorFile(Folder_.filePath("log"));
   QStringList Arguments{"--no-defaults",
                         "--datadir=" + DataFolder(),
                         "--tmpdir=" + Folder_.path(),
@@ -116,15 +106,25 @@ bool TThrowawayMariaDB::Start() {
                         "--skip-log-bin",
                         "--character-set-server=utf8mb4",
                         "--collation-server=utf8mb4_nopad_bin"};
-  for (const QString& Setting : Options_.Settings) Arguments << "--" + Setting;
+  for (const QString& Setting : Options_.Settings + More) Arguments << "--" + Setting;
   Server_.start(Find("mariadbd"), Arguments);
   QElapsedTimer Waiting;
-  for (Waiting.start(); Waiting.elapsed() < 30000; QThread::msleep(50)) {
-    const bool Answers = Connect("ThrowawayMariaDB").isOpen();
-    QSqlDatabase::removeDatabase("ThrowawayMariaDB");
-    if (Answers) return true;
+  for (Waiting.start(); Waiting.elapsed() < Patience && Server_.state() != QProcess::NotRunning;) {
+    if (Answers()) return true;
+    Server_.waitForFinished(50);
   }
   return false;
+}
+
+bool TThrowawayMariaDB::Restart() {
+  Stop();
+  return Start();
+}
+
+bool TThrowawayMariaDB::Answers() const {
+  const bool Opens = Connect("ThrowawayMariaDB").isOpen();
+  QSqlDatabase::removeDatabase("ThrowawayMariaDB");
+  return Opens;
 }
 
 QSqlDatabase TThrowawayMariaDB::Connect(const QString& ConnectionName, const QString& DatabaseName, const QString& User,

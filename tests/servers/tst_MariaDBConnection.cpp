@@ -21,9 +21,9 @@
 #include "servers/HostileTexts.h"
 #include "servers/ListDialog.h"
 #include "servers/OpenOrSkip.h"
+#include "servers/StopQuery.h"
 #include "support/PickDriver.h"
 
-using support::After;
 using support::DrivePickAs;
 using support::TBackend;
 using support::TBackendKind;
@@ -171,22 +171,6 @@ class tst_MariaDBConnection : public QObject {
   bool Open(TBackendKind Kind) {
     Company_ = support::OpenOrSkip(*Backends_, Kind);
     return Company_ != nullptr;
-  }
-
-  // Has a query run that takes very long and stops it. How long that took, or -1 when it was not under way.
-  qint64 Stop(TListDialog& Dialog, const TListSource& Source, int Milliseconds) {
-    const TListSource Before = std::exchange(Dialog.Source, Source);
-    QElapsedTimer Clock;
-    bool WasWaiting = false;
-    After(&Dialog, Milliseconds, [&] {
-      WasWaiting = Dialog.qryList_->IsWaiting();
-      Clock.start();
-      QTest::keyClick(Dialog.edFind, Qt::Key_Escape);
-    });
-    QTest::mouseClick(Dialog.ckbDesc, Qt::LeftButton, {}, QPoint(6, Dialog.ckbDesc->height() / 2));
-    const qint64 Took = Clock.isValid() ? Clock.elapsed() : -1;
-    Dialog.Source = Before;
-    return WasWaiting ? Took : -1;
   }
 
   void Lengthen(int Count) {
@@ -526,7 +510,7 @@ class tst_MariaDBConnection : public QObject {
         [&] { return Dialog->ShowPick(); },
         [&](TListDialog&) {
           for (int Round = 0; Round < 10; ++Round) {
-            const qint64 Took = Stop(*Dialog, Source, Round == 0 ? 200 : Round * 7);
+            const qint64 Took = support::StopQuery(*Dialog, Source, Round == 0 ? 200 : Round * 7);
             if (Round == 0) qInfo("The stop took %lld ms.", Took);
             QVERIFY(Took < Moment && (Took >= 0 || Round > 0));
             QVERIFY(Dialog->isVisible());
@@ -841,7 +825,7 @@ class tst_MariaDBConnection : public QObject {
       const auto Dialog = TListDialog::Create(&Connection, {});
       QVERIFY(!DrivePickAs<TListDialog>([&] { return Dialog->ShowPick(); },
                                         [&](TListDialog&) {
-                                          QVERIFY(Stop(*Dialog, Slow, 200) >= 0);
+                                          QVERIFY(support::StopQuery(*Dialog, Slow, 200) >= 0);
                                           QTest::keyClick(Dialog->edFind, Qt::Key_Escape);
                                         }));
       QCOMPARE(TBackend::Value(Database, "SELECT CONNECTION_ID()").toString(), Mine);
