@@ -57,8 +57,8 @@ support::TRun RunPick(const QString& Address) {
 // A server that came up with special arguments and holds the company; closed again when it goes.
 class TSpecialServer {
  public:
-  explicit TSpecialServer(const QStringList& Arguments, bool WithCompany = true)
-      : Server(Arguments), Database(QSqlDatabase::addDatabase("QMYSQL", "special")) {
+  explicit TSpecialServer(const QStringList& Settings, bool WithCompany = true)
+      : Server(TServerOptions{Settings, {}}), Database(QSqlDatabase::addDatabase("QMYSQL", "special")) {
     if (Server.IsRunning() && WithCompany) sample::CreateCompanyOnServer(Server.Address("test"));
   }
   ~TSpecialServer() {
@@ -224,7 +224,7 @@ class tst_MariaDBBadDays : public QObject {
   }
   void shouldRefuseAServerThatIsTooOldOrNone() {
     QFETCH(const QString, Version);
-    TSpecialServer Special({"--version=" + Version}, false);
+    TSpecialServer Special({"version=" + Version}, false);
     if (!Special.Server.IsRunning()) QSKIP(qPrintable(Special.Server.Reason()));
     QVERIFY(Special.Open("tester", {}));
     QVERIFY(TBackend::Value(Special.Database, "SELECT VERSION()").toString().startsWith(Version));
@@ -479,8 +479,8 @@ class tst_MariaDBBadDays : public QObject {
     QFETCH(const bool, WithCertificate);
     const TCertificate Certificate;
     if (!Certificate.IsThere()) QSKIP("openssl is not installed");
-    TSpecialServer Special({"--ssl-ca=" + Certificate.File(), "--ssl-cert=" + Certificate.File(),
-                            "--ssl-key=" + Certificate.Key(), "--skip-name-resolve"});
+    TSpecialServer Special({"ssl-ca=" + Certificate.File(), "ssl-cert=" + Certificate.File(),
+                            "ssl-key=" + Certificate.Key(), "skip-name-resolve"});
     if (!Special.Server.IsRunning()) QSKIP(qPrintable(Special.Server.Reason()));
     Special.Execute("CREATE USER safe@'%' REQUIRE SSL");
     Special.Execute("CREATE USER certified@'%' REQUIRE X509");
