@@ -13,6 +13,7 @@
 #include <QRandomGenerator>
 #include <QString>
 #include <QStringList>
+#include <csignal>
 #include <cstdint>
 #include <initializer_list>
 

@@ -3,7 +3,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QStandardPaths>
-#include <csignal>
 #include <utility>
 
 namespace {

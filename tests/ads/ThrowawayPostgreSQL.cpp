@@ -6,7 +6,6 @@
 #include <QStandardPaths>
 #include <QThread>
 #include <QUuid>
-#include <csignal>
 #include <utility>
 
 namespace {
