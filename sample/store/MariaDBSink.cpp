@@ -1,5 +1,6 @@
 #include "sample/store/MariaDBSink.h"
 
+#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 #include <string_view>
@@ -213,14 +214,26 @@ void TMariaDBSink::CreateTable(const TTable& Table) {
           ") ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin");
 }
 
+// Rows refer to others by keys that count one by one, and a server that shares its tables with others leaves gaps for
+// them; so the keys are counted here.
 void TMariaDBSink::BeginRows(const TTable& Table, const std::vector<std::string>& Columns) {
-  Insert_ = "INSERT INTO " + Named(Fresh, Table.Name) + " (" + QuotedList(Columns) + ") VALUES ";
+  std::vector<std::string> All = Columns;
+  Number_ = nullptr;
+  for (const TColumn& Column : Table.Columns) {
+    if (Column.Type != TColumnType::AutoNumber || std::find(All.begin(), All.end(), Column.Name) != All.end()) continue;
+    Number_ = &Numbers_[Table.Name];
+    All.insert(All.begin(), Column.Name);
+  }
+  Insert_ = "INSERT INTO " + Named(Fresh, Table.Name) + " (" + QuotedList(All) + ") VALUES ";
 }
 
 void TMariaDBSink::AddRow(std::span<const TValue> Values) {
   constexpr std::size_t Packet = 1 << 18;
   Rows_ += Rows_.empty() ? "(" : ",(";
-  bool First = true;
+  bool First = Number_ == nullptr;
+  if (Number_ != nullptr) {
+    Rows_ += std::to_string(++*Number_);
+  }
   for (const TValue& Value : Values) {
     if (!First) {
       Rows_ += ',';

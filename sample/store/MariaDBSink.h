@@ -2,6 +2,7 @@
 
 #include <mysql.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,6 +47,8 @@ class TMariaDBSink : public TRowSink {
   MYSQL* Handle_;
   TExisting Existing_;
   std::vector<std::string> Tables_;
+  std::map<std::string, int> Numbers_;  // the last key of each table whose rows number themselves
+  int* Number_ = nullptr;               // of the table that is being written, when it is one of these
   std::string Insert_;  // the beginning of a statement that adds rows
   std::string Rows_;    // not sent yet
 };
