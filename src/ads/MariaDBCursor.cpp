@@ -2,7 +2,6 @@
 #include <chrono>
 #include <deque>
 #include <exception>
-#include <future>
 #include <memory>
 #include <new>
 #include <string>
@@ -16,6 +15,7 @@
 #include "ads/MariaDBValues.h"
 #include "ads/RunningCursors.h"
 #include "ads/SQLLog.h"
+#include "ads/Stopping.h"
 #include "zulcommon/Ascii.h"
 
 namespace ads {
@@ -102,7 +102,7 @@ class TMariaDBCursor final : public TCursor {
     if (HasKept_) return GiveKept(Take);
     OnRow_ = false;
     while (Phase_ != TPhase::Idle) {
-      if (!Talk_.Await(Until) || !IsCancelDone(Until)) return true;
+      if (!Talk_.Await(Until) || !Stopping_.IsSettled(Until)) return true;
       if (!TakeAnswer()) continue;
       OnRow_ = true;
       if (!Take() || IsTime(Until)) return true;
@@ -185,18 +185,6 @@ class TMariaDBCursor final : public TCursor {
 
   void NoLongerRunning() { Running().Forget(Talk_.Handle(), this); }
 
-  // A request to kill that is still under way would hit the next statement.
-  bool IsCancelDone(TTime Until) {
-    if (!Cancel_.valid()) return true;
-    if (Until == Forever) {
-      Cancel_.wait();
-    } else if (Cancel_.wait_until(Until) != std::future_status::ready) {
-      return false;
-    }
-    Cancel_ = {};
-    return true;
-  }
-
   // Takes what was waited for and does what follows from it; whether it is a row of the query.
   bool TakeAnswer() {
     switch (Phase_) {
@@ -259,6 +247,7 @@ class TMariaDBCursor final : public TCursor {
   void Open() {
     SendOwn(InHostsTransaction_ ? mariadb::Savepoint : mariadb::Begin);
     IsOpened_ = true;
+    HasSavepoint_ = true;
   }
 
   void Ask() {
@@ -272,6 +261,10 @@ class TMariaDBCursor final : public TCursor {
     if (IsGone(Talk_.Failure())) Raise();
     if (Phase_ == TPhase::Opening) {
       if (Talk_.Failure() == 0) return IsOpened_ ? Ask() : Open();
+      if (Talk_.Failure() == mariadb::NoSavepoints && IsOpened_) {
+        HasSavepoint_ = false;
+        return Ask();
+      }
       FailAsTold();
       return GoIdle();
     }
@@ -286,14 +279,19 @@ class TMariaDBCursor final : public TCursor {
       ToClose_.push_front(mariadb::AllowOutdated);
       ToClose_.push_back(mariadb::ForbidOutdated);
     }
+    SendNext();
+  }
+
+  void SendNext() {
     if (ToClose_.empty()) return GoIdle();
     SendOwn(ToClose_.front());
     ToClose_.pop_front();
   }
 
   std::deque<const char*> ScopeEnd() const {
-    if (InHostsTransaction_) return {mariadb::BackToSavepoint, mariadb::DropSavepoint};
-    return {mariadb::End};
+    if (!InHostsTransaction_) return {mariadb::End};
+    if (!HasSavepoint_) return {};
+    return {mariadb::BackToSavepoint, mariadb::DropSavepoint};
   }
 
   void TakeQuery() {
@@ -385,42 +383,29 @@ class TMariaDBCursor final : public TCursor {
     Talk_.DropResult();
     IsOutdatedAllowed_ = false;
     ToClose_ = ScopeEnd();
-    SendOwn(ToClose_.front());
-    ToClose_.pop_front();
     Phase_ = TPhase::Closing;
+    SendNext();
   }
 
   // Ends what is open, within a moment; a server that does not answer for so long is taken for lost.
   void Abort() {
-    constexpr std::chrono::milliseconds Moment(800);
     constexpr std::chrono::milliseconds EndIsNear(20);
-    const TTime Now = std::chrono::steady_clock::now();
-    const TTime End = Now + Moment;
     try {
+      Stopping_.Begin();
       if (Phase_ != TPhase::Idle && Phase_ != TPhase::Closing) {
         // A query whose rows have been read to the last one ends by itself.
-        if (!Talk_.Drain(Now + EndIsNear) && !EndByCancel(End)) return Talk_.Cut();
-        if (!IsCancelDone(End)) return Talk_.Cut();
+        if (!Talk_.Drain(std::chrono::steady_clock::now() + EndIsNear) && !Stopping_.EndQuery()) return Talk_.Cut();
+        if (!Stopping_.IsSettled(Stopping_.End())) return Talk_.Cut();
         if (Phase_ == TPhase::Looking || IsGone(Talk_.Failure())) return;
         CloseScope();
       }
       while (Phase_ == TPhase::Closing) {
-        if (!Talk_.Await(End)) return Talk_.Cut();
+        if (!Talk_.Await(Stopping_.End())) return Talk_.Cut();
         TakeDone();
       }
     } catch (const EDatabaseError&) {
       // The connection is lost, and what was open with it.
     }
-  }
-
-  // A server that has not begun with the query yet has nothing to kill, and is asked again.
-  bool EndByCancel(TTime End) {
-    constexpr std::chrono::milliseconds BetweenRequests(100);
-    for (TTime Now = std::chrono::steady_clock::now(); Now < End; Now = std::chrono::steady_clock::now()) {
-      if (IsCancelDone(Now)) Cancel_ = Talk_.Cancel();
-      if (Talk_.Drain(std::min(End, Now + BetweenRequests))) return true;
-    }
-    return false;
   }
 
   bool GiveKept(const TTakeRow& Take) {
@@ -433,6 +418,7 @@ class TMariaDBCursor final : public TCursor {
 
   QSqlDatabase Database_;
   TMariaDBTalk Talk_;
+  TStopping<TMariaDBTalk> Stopping_{Talk_};
   unsigned long Thread_;  // the connection's number on the server
   TPhase Phase_ = TPhase::Idle;
   std::string Sql_;
@@ -440,12 +426,12 @@ class TMariaDBCursor final : public TCursor {
   bool SeesOneState_ = false;
   bool WritesUtf8_ = false;
   bool ReadsUtf8_ = false;
-  bool IsOpened_ = false;  // the statement that opens has been sent
-  bool IsAsked_ = false;   // the next row is
+  bool IsOpened_ = false;      // the statement that opens has been sent
+  bool HasSavepoint_ = false;  // unless the server has none in the host's transaction
+  bool IsAsked_ = false;       // the next row is
   bool OnRow_ = false;
   std::deque<const char*> ToClose_;  // what is still to be sent
   bool IsOutdatedAllowed_ = false;
-  std::shared_future<void> Cancel_;  // done when the server has heard it
   std::vector<std::string> Names_;
   std::vector<TMariaDBShape> Shapes_;
   std::vector<std::string_view> Values_;  // of the current row; without an address for a null

@@ -48,17 +48,19 @@ class TSecondConnection {
   }
 
   // A connection that cannot be made kills nothing; who waits for the statement's end does what follows then.
-  void Kill() const {
+  bool Kill() const {
     MYSQL* Second = mysql_init(nullptr);
-    if (Second == nullptr) return;
+    if (Second == nullptr) return false;
+    bool IsHeard = false;
     SetOptions(Second);
     if (mysql_real_connect(Second, Host_.c_str(), OrNull(User_), OrNull(Password_), nullptr, Port_, OrNull(Socket_),
                            Flags_) != nullptr &&
         IsAtStatement(Second)) {
       const std::string Sql = "KILL QUERY " + std::to_string(Thread_);
-      mysql_real_query(Second, Sql.data(), Sql.size());
+      IsHeard = mysql_real_query(Second, Sql.data(), Sql.size()) == 0;
     }
     mysql_close(Second);
+    return IsHeard;
   }
 
  private:
@@ -229,14 +231,14 @@ MYSQL_RES* TMariaDBTalk::TakeResult() {
   return Result_.get();
 }
 
-std::shared_future<void> TMariaDBTalk::Cancel() const {
-  std::promise<void> Heard;
-  std::shared_future<void> Result = Heard.get_future().share();
+std::shared_future<bool> TMariaDBTalk::Cancel() const {
+  std::promise<bool> Heard;
+  std::shared_future<bool> Result = Heard.get_future().share();
   std::thread(
-      [](TSecondConnection Second, std::promise<void> Done) {
-        Second.Kill();
+      [](TSecondConnection Second, std::promise<bool> Done) {
+        const bool IsHeard = Second.Kill();
         mysql_thread_end();
-        Done.set_value();
+        Done.set_value(IsHeard);
       },
       TSecondConnection(Handle_, Sql_), std::move(Heard))
       .detach();

@@ -48,8 +48,9 @@ class TMariaDBTalk {
   /// Also when there was none: nothing is under way any more.
   void DropResult();
 
-  /// Asks the server by another connection to end the statement that this one is at, without waiting for that.
-  std::shared_future<void> Cancel() const;
+  /// Asks the server by another connection to end the statement that this one is at, without waiting for that. Whether
+  /// it has heard it is what comes.
+  std::shared_future<bool> Cancel() const;
   /// Reads the rows that are still to come, until `Until` at most; false when they did not come.
   bool Drain(TTime Until);
   /// Cuts the connection, to a server that does not answer: every later use of it says that it is lost.

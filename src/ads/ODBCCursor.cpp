@@ -100,6 +100,15 @@ class TStatementHandle {
     Require(ExecuteWide(QString::fromStdString(Sql)));
   }
 
+  /// The same; false when the server refuses with the number.
+  bool ExecuteUnless(const std::string& Sql, unsigned Number) {
+    LogOwn(Sql);
+    const SQLRETURN Code = ExecuteWide(QString::fromStdString(Sql));
+    if (!Succeeded(Code) && static_cast<unsigned>(Diagnose(SQL_HANDLE_STMT, Handle_).Native) == Number) return false;
+    Require(Code);
+    return true;
+  }
+
   /// Lets the driver give back from a statement before it is executed, where it can.
   void AllowAsynchronous() {
     SQLUINTEGER Mode = SQL_AM_NONE;
@@ -244,7 +253,11 @@ class TMariaDBByODBC final : public TScopeByODBC {
   explicit TMariaDBByODBC(SQLHDBC Connection) : Connection_(Connection) {
     Look();
     if (!InHostsTransaction_ && !SeesOneState_) Execute(mariadb::SetOneState);
-    Execute(InHostsTransaction_ ? mariadb::Savepoint : mariadb::Begin);
+    if (InHostsTransaction_) {
+      HasSavepoint_ = TStatementHandle(Connection_).ExecuteUnless(mariadb::Savepoint, mariadb::NoSavepoints);
+    } else {
+      Execute(mariadb::Begin);
+    }
   }
   ~TMariaDBByODBC() override {
     if (Connection_ == nullptr) return;
@@ -271,8 +284,10 @@ class TMariaDBByODBC final : public TScopeByODBC {
   }
 
   void CloseScope() const {
-    Execute(InHostsTransaction_ ? mariadb::BackToSavepoint : mariadb::End);
-    if (InHostsTransaction_) Execute(mariadb::DropSavepoint);
+    if (!InHostsTransaction_) return Execute(mariadb::End);
+    if (!HasSavepoint_) return;
+    Execute(mariadb::BackToSavepoint);
+    Execute(mariadb::DropSavepoint);
   }
 
   void Look() {
@@ -291,6 +306,7 @@ class TMariaDBByODBC final : public TScopeByODBC {
   SQLHDBC Connection_;
   bool InHostsTransaction_ = false;
   bool SeesOneState_ = false;
+  bool HasSavepoint_ = false;  // unless the server has none in the host's transaction
 };
 
 /// What a query stands in on a PostgreSQL server, as `TPostgreSQLScope`, but by statements: the driver's own calls for

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstring>
 #include <exception>
-#include <future>
 #include <utility>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "ads/PostgreSQLTalk.h"
 #include "ads/PostgreSQLValues.h"
 #include "ads/RunningCursors.h"
+#include "ads/Stopping.h"
 
 namespace ads {
 
@@ -90,7 +90,7 @@ class TPostgreSQLCursor final : public TCursor {
     if (HasKept_) return GiveKept(Take);
     OnRow_ = false;
     while (Phase_ != TPhase::Idle) {
-      if (!Talk_.Await(Until) || !IsCancelDone(Until)) return true;
+      if (!Talk_.Await(Until) || !Stopping_.IsSettled(Until)) return true;
       if (!TakeAnswer()) continue;
       OnRow_ = true;
       if (!Take() || IsTime(Until)) return true;
@@ -165,18 +165,6 @@ class TPostgreSQLCursor final : public TCursor {
   }
 
   void NoLongerRunning() { Running().Forget(Talk_.Handle(), this); }
-
-  // A request to cancel that is still under way would hit the next statement.
-  bool IsCancelDone(TTime Until) {
-    if (!Cancel_.valid()) return true;
-    if (Until == Forever) {
-      Cancel_.wait();
-    } else if (Cancel_.wait_until(Until) != std::future_status::ready) {
-      return false;
-    }
-    Cancel_ = {};
-    return true;
-  }
 
   // Takes answers until a phase is there, or none is to come because it failed.
   void PassTo(TPhase Wanted) {
@@ -297,7 +285,7 @@ class TPostgreSQLCursor final : public TCursor {
         std::find(Shapes_.begin(), Shapes_.end(), TPostgreSQLShape::Unreadable) == Shapes_.end()) {
       return true;
     }
-    if (PQresultStatus(Result_.get()) == PGRES_SINGLE_TUPLE) Cancel_ = Talk_.Cancel();
+    if (PQresultStatus(Result_.get()) == PGRES_SINGLE_TUPLE) Stopping_.Ask();
     Format_ = TFormat::Text;
     Names_.clear();
     EndQuery(TPhase::Setting);
@@ -329,32 +317,20 @@ class TPostgreSQLCursor final : public TCursor {
 
   // Ends what is open, within a moment; a server that does not answer for so long is taken for lost.
   void Abort() {
-    constexpr std::chrono::milliseconds Moment(800);
     constexpr std::chrono::milliseconds EndIsNear(20);
     try {
-      const TTime Now = std::chrono::steady_clock::now();
-      const TTime End = Now + Moment;
+      Stopping_.Begin();
       if (Phase_ != TPhase::Idle && Phase_ != TPhase::Closing) {
         // A query whose rows have been read to the last one ends by itself.
-        if (!DrainFew(Now + EndIsNear) && !EndByCancel(End)) return Talk_.Cut();
-        if (!Talk_.Drain(End) || !IsCancelDone(End)) return Talk_.Cut();
+        if (!DrainFew(std::chrono::steady_clock::now() + EndIsNear) && !Stopping_.EndQuery()) return Talk_.Cut();
+        if (!Talk_.Drain(Stopping_.End()) || !Stopping_.IsSettled(Stopping_.End())) return Talk_.Cut();
         CloseScope();
       }
-      if (Phase_ == TPhase::Closing && !Talk_.Drain(End)) Talk_.Cut();
+      if (Phase_ == TPhase::Closing && !Talk_.Drain(Stopping_.End())) Talk_.Cut();
     } catch (const std::exception&) {
       // The connection is lost, and what was open with it.
     }
     Phase_ = TPhase::Idle;
-  }
-
-  // A server that has not begun with the query yet has nothing to cancel, and is asked again.
-  bool EndByCancel(TTime End) {
-    constexpr std::chrono::milliseconds BetweenRequests(100);
-    for (TTime Now = std::chrono::steady_clock::now(); Now < End; Now = std::chrono::steady_clock::now()) {
-      if (IsCancelDone(Now)) Cancel_ = Talk_.Cancel();
-      if (Talk_.Drain(std::min(End, Now + BetweenRequests))) return true;
-    }
-    return false;
   }
 
   // Whether the query has ended after a few more answers at most.
@@ -377,6 +353,7 @@ class TPostgreSQLCursor final : public TCursor {
 
   QSqlDatabase Database_;
   TPostgreSQLTalk Talk_;
+  TStopping<TPostgreSQLTalk> Stopping_{Talk_};
   int Process_;  // the server's
   TPhase Phase_ = TPhase::Idle;
   TPhase AfterEnding_ = TPhase::Idle;
@@ -386,8 +363,7 @@ class TPostgreSQLCursor final : public TCursor {
   bool HadFailed_ = false;    // the host's transaction had, before
   bool IsDisturbed_ = false;  // by something of the host's
   bool OnRow_ = false;
-  std::shared_future<void> Cancel_;  // done when the server has heard it
-  TPostgreSQLResult Result_;         // the current row
+  TPostgreSQLResult Result_;  // the current row
   std::vector<std::string> Names_;
   std::vector<TPostgreSQLShape> Shapes_;
   std::vector<std::string_view> Values_;  // of the current row; without an address for a null

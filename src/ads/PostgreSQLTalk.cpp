@@ -20,10 +20,11 @@ std::string ConnectionMessage(PGconn* Handle) {
   return std::string(zulcommon::Trim(PQerrorMessage(Handle)));
 }
 
-void RequestCancel(PGcancel* Request) {
+bool RequestCancel(PGcancel* Request) {
   char Ignored[256];
-  PQcancel(Request, Ignored, sizeof Ignored);
+  const bool IsHeard = PQcancel(Request, Ignored, sizeof Ignored) == 1;
   PQfreeCancel(Request);
+  return IsHeard;
 }
 
 }  // namespace
@@ -93,16 +94,13 @@ bool TPostgreSQLTalk::Await(TTime Until) const {
 
 // libpq waits until the server has heard it, which one that has gone silent never does; so it waits on a thread, which
 // touches nothing but the request.
-std::shared_future<void> TPostgreSQLTalk::Cancel() const {
-  std::promise<void> Heard;
-  std::shared_future<void> Result = Heard.get_future().share();
+std::shared_future<bool> TPostgreSQLTalk::Cancel() const {
+  std::promise<bool> Heard;
+  std::shared_future<bool> Result = Heard.get_future().share();
   PGcancel* Request = PQgetCancel(Handle_);
-  const auto Ask = [Request](std::promise<void> Done) {
-    RequestCancel(Request);
-    Done.set_value();
-  };
+  const auto Ask = [Request](std::promise<bool> Done) { Done.set_value(RequestCancel(Request)); };
   if (Request == nullptr) {
-    Heard.set_value();
+    Heard.set_value(false);
   } else {
     std::thread(Ask, std::move(Heard)).detach();
   }

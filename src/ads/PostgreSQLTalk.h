@@ -50,9 +50,9 @@ class TPostgreSQLTalk {
   /// The next answer, or null behind the last; to be called when it is there.
   TPostgreSQLResult Take() const { return TPostgreSQLResult(PQgetResult(Handle_)); }
 
-  /// Asks the server to end what it is doing, without waiting for that. What is sent before the server has heard it may
-  /// be ended as well.
-  std::shared_future<void> Cancel() const;
+  /// Asks the server to end what it is doing, without waiting for that. Whether it has heard it is what comes; what is
+  /// sent before that may be ended as well.
+  std::shared_future<bool> Cancel() const;
 
   /// Reads all answers that are still to come, until `Until` at most; false when they did not come.
   bool Drain(TTime Until) const;

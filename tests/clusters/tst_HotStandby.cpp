@@ -41,7 +41,7 @@ class tst_HotStandby : public QObject {
 
   std::unique_ptr<TThrowawayPostgreSQL> NewStandby() const {
     return std::make_unique<TThrowawayPostgreSQL>(TThrowawayPostgreSQL::TOptions{
-        {"max_standby_streaming_delay=0", "hot_standby_feedback=off", "statement_timeout=20s"},
+        {{"max_standby_streaming_delay=0", "hot_standby_feedback=off", "statement_timeout=20s"}, {}},
         false,
         &Backends_->Server()});
   }

@@ -91,7 +91,7 @@ class tst_Shards : public QObject {
     Backends_ = std::make_unique<support::TBackends>();
     if (!Backends_->Server().IsRunning()) QSKIP(qPrintable(Backends_->Server().Reason()));
     Far_ = std::make_unique<TThrowawayPostgreSQL>(
-        TThrowawayPostgreSQL::TOptions{{"statement_timeout=20s"}, true, nullptr});
+        TThrowawayPostgreSQL::TOptions{{{"statement_timeout=20s"}, {}}, true, nullptr});
     QVERIFY2(Far_->IsRunning(), qPrintable(Far_->Reason()));
     support::CreateCompanyOn(*Far_);
     THost Far(Far_->Connect(NewName(), "company"));

@@ -429,6 +429,25 @@ class tst_MariaDBConnection : public QObject {
   }
 
   // The client library is told of a transaction by answers, and an error is none.
+  // One in which a table of the engine Aria has been used has no savepoints.
+  void shouldReadInATransactionThatCanHaveNoSavepoint_data() { AddKinds(); }
+  void shouldReadInATransactionThatCanHaveNoSavepoint() {
+    if (!Open()) return;
+    Company_->ExecuteBeside("CREATE TABLE notes (note VARCHAR(20)) ENGINE=Aria");
+    Execute("START TRANSACTION");
+    QCOMPARE(Value("SELECT COUNT(*) FROM notes").toInt(), 0);
+    Execute("INSERT INTO area (zip) VALUES ('before')");
+    QVERIFY(!QSqlQuery(Company_->Database()).exec("SAVEPOINT mine"));
+    for (int Round = 0; Round < 2; ++Round) {
+      QCOMPARE(Rows("SELECT Zip X FROM Area WHERE Zip = 'before'"), QStringList("before"));
+      QVERIFY_THROWS_EXCEPTION(ads::EDatabaseError, Rows("SELECT Nowhere X FROM Area"));
+    }
+    Execute("INSERT INTO area (zip) VALUES ('after')");
+    Execute("COMMIT");
+    QCOMPARE(Company_->ValueBeside("SELECT COUNT(*) FROM area WHERE zip IN ('before', 'after')").toInt(), 2);
+    QCOMPARE(Rows("SELECT Zip X FROM Area WHERE Zip = 'after'"), QStringList("after"));
+  }
+
   void shouldSeeATransactionThatBeganInAFailingStatement_data() { AddKinds(); }
   void shouldSeeATransactionThatBeganInAFailingStatement() {
     if (!Open()) return;
