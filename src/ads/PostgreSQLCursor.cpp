@@ -87,7 +87,7 @@ class TPostgreSQLCursor final : public TCursor {
   }
 
   bool GoOn(TTime Until, const TTakeRow& Take) override {
-    if (HasKept_) return GiveKept(Take);
+    if (Kept_.AreKept()) return Kept_.Give(Values_, Take);
     OnRow_ = false;
     while (Phase_ != TPhase::Idle) {
       if (!Talk_.Await(Until) || !Stopping_.IsSettled(Until)) return true;
@@ -117,21 +117,9 @@ class TPostgreSQLCursor final : public TCursor {
     return TextOf(Shape(Column), Value(Column), Texts_[static_cast<std::size_t>(Column)]);
   }
 
-  // Takes the rest of the rows into memory, which frees the connection for another query in the midst of this one. A
-  // failure is kept for the reader of the rows.
+  // Frees the connection for another query in the midst of this one.
   void KeepTheRest() {
-    const bool OnRow = OnRow_;
-    if (OnRow) Kept_.Add(Values_);
-    try {
-      GoOn(Forever, [this] {
-        Kept_.Add(Values_);
-        return true;
-      });
-    } catch (...) {
-      KeptFailure_ = std::current_exception();
-    }
-    HasKept_ = true;
-    if (OnRow) Kept_.Take(Values_);
+    Kept_.Keep(Values_, OnRow_, [this](const TTakeRow& Take) { GoOn(Forever, Take); });
   }
 
  private:
@@ -343,14 +331,6 @@ class TPostgreSQLCursor final : public TCursor {
     return false;
   }
 
-  bool GiveKept(const TTakeRow& Take) {
-    while (Kept_.Take(Values_)) {
-      if (!Take()) return true;
-    }
-    if (KeptFailure_) std::rethrow_exception(std::exchange(KeptFailure_, nullptr));
-    return false;
-  }
-
   QSqlDatabase Database_;
   TPostgreSQLTalk Talk_;
   TStopping<TPostgreSQLTalk> Stopping_{Talk_};
@@ -370,8 +350,6 @@ class TPostgreSQLCursor final : public TCursor {
   std::vector<std::string> Texts_;
   std::exception_ptr Failure_;  // raised when everything is closed
   TKeptRows Kept_;
-  bool HasKept_ = false;
-  std::exception_ptr KeptFailure_;
 };
 
 }  // namespace

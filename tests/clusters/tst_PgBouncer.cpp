@@ -372,7 +372,7 @@ class tst_PgBouncer : public QObject {
                                QElapsedTimer Clock;
                                Clock.start();
                                StopWhileItSleeps(*Dialog, 100);
-                               QVERIFY2(Clock.elapsed() < 2000, qPrintable(QString::number(Clock.elapsed())));
+                               QVERIFY2(Clock.elapsed() < 4000, qPrintable(QString::number(Clock.elapsed())));
                                QVERIFY(Dialog->isVisible());
                                QCOMPARE(Dialog->qryList_->RecordCount(), 1000);
                                QVERIFY(Other->Database().rollback());

@@ -14,7 +14,7 @@ constexpr int Writers = 4;
 constexpr double LongestWait = 50;
 // A user looks at a list for so many milliseconds at the most; one whose memory is watched just opens and closes.
 constexpr int ShortLook = 20;
-// The one failure that may come to pass: a server at its limits leaves a stop unanswered for most of a second, and the
+// The one failure that may come to pass: a server at its limits leaves a stop unanswered for two seconds, and the
 // connection is cut. Of so many picks it may be one.
 constexpr std::size_t PicksForACut = 50;
 // What a user's process may take beyond what it held when it had opened all picks twice.
