@@ -30,10 +30,9 @@ TRunningCursors<MYSQL*, TMariaDBCursor>& Running() {
 }
 
 void RequireKnownServer(MYSQL* Handle) {
-  if (mariadb_connection(Handle) && mysql_get_server_version(Handle) >= mariadb::FirstVersion) return;
-  const char* Version = mysql_get_server_info(Handle);
-  throw EDatabaseError(std::string("The server is ") + (Version == nullptr ? "unknown" : Version) +
-                       "; lists can be read from MariaDB 10.11.6 or later.");
+  const char* Name = mysql_get_server_info(Handle);
+  mariadb::RequireRelease(mariadb_connection(Handle) ? mysql_get_server_version(Handle) : 0,
+                          Name == nullptr ? "unknown" : Name);
 }
 
 /// Reads the rows one by one as the server sends them.

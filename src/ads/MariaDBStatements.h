@@ -1,5 +1,11 @@
 #pragma once
 
+#include <charconv>
+#include <string>
+#include <string_view>
+
+#include "ads/EDatabaseError.h"
+
 namespace ads::mariadb {
 
 // The statements around a query of the pick lists, by whatever way the server is reached.
@@ -47,5 +53,25 @@ inline constexpr char InUtf8[] = "SET STATEMENT character_set_results=utf8mb4 FO
 
 /// The first release that has what the dialect needs, as the client library counts them.
 inline constexpr unsigned long FirstVersion = 101106;
+
+/// How the client library counts the release of a text such as "10.11.6-MariaDB" or "10.11.000006".
+inline unsigned long ReleaseOf(std::string_view Version) {
+  unsigned long Result = 0;
+  const char* At = Version.data();
+  const char* const Last = At + Version.size();
+  for (int Part = 0; Part < 3; ++Part) {
+    unsigned long Number = 0;
+    At = std::from_chars(At, Last, Number).ptr;
+    Result = Result * 100 + Number;
+    if (At != Last && *At == '.') ++At;
+  }
+  return Result;
+}
+
+/// Throws `EDatabaseError` for a release that is too old, with the server's own name for it.
+inline void RequireRelease(unsigned long Release, const std::string& Name) {
+  if (Release >= FirstVersion) return;
+  throw EDatabaseError("The server is " + Name + "; lists can be read from MariaDB 10.11.6 or later.");
+}
 
 }  // namespace ads::mariadb

@@ -251,6 +251,8 @@ class TScopeByODBC {
 class TMariaDBByODBC final : public TScopeByODBC {
  public:
   explicit TMariaDBByODBC(SQLHDBC Connection) : Connection_(Connection) {
+    const std::string Version = ODBCServerVersion(Connection);
+    mariadb::RequireRelease(mariadb::ReleaseOf(Version), Version);
     Look();
     if (!InHostsTransaction_ && !SeesOneState_) Execute(mariadb::SetOneState);
     if (InHostsTransaction_) {

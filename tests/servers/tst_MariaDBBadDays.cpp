@@ -240,6 +240,33 @@ class tst_MariaDBBadDays : public QObject {
     QVERIFY2(Result.Errors.contains("lists can be read from MariaDB 10.11.6 or later"), qPrintable(Result.Errors));
   }
 
+  void shouldRefuseByODBCAServerThatIsTooOld_data() {
+    QTest::addColumn<QString>("Version");
+    QTest::addColumn<bool>("IsRead");
+    QTest::newRow("too old") << "10.3.0-MariaDB" << false;
+    QTest::newRow("just too old") << "10.11.5-MariaDB" << false;
+    QTest::newRow("just new enough") << "10.11.6-MariaDB" << true;
+  }
+  void shouldRefuseByODBCAServerThatIsTooOld() {
+    QFETCH(const QString, Version);
+    QFETCH(const bool, IsRead);
+    TSpecialServer Special({"version=" + Version});
+    if (!Special.Server.IsRunning()) QSKIP(qPrintable(Special.Server.Reason()));
+    const QString Missing = Backends_->Missing(TBackendKind::ODBCMariaDB);
+    if (!Missing.isEmpty()) QSKIP(qPrintable(Missing));
+    {
+      QSqlDatabase Database = QSqlDatabase::addDatabase("QODBC", "by ODBC");
+      Database.setDatabaseName("DRIVER={MariaDB Unicode};SOCKET=" + Special.Server.Socket() +
+                               ";DATABASE=test;UID=tester");
+      QVERIFY2(Database.open(), qPrintable(Database.lastError().text()));
+      ads::TAdsConnection Connection(Database);
+      const std::string Message =
+          MessageOf<ads::EDatabaseError>([&] { QVERIFY(!Values(Connection, "SELECT ID X FROM Cust").isEmpty()); });
+      QCOMPARE(Message.find("lists can be read from MariaDB 10.11.6 or later") == Message.npos, IsRead);
+    }
+    QSqlDatabase::removeDatabase("by ODBC");
+  }
+
   void shouldSayWhichTableMayNotBeRead_data() { AddKinds(); }
   void shouldSayWhichTableMayNotBeRead() {
     if (!Open()) return;
