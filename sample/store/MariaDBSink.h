@@ -49,8 +49,8 @@ class TMariaDBSink : public TRowSink {
   std::vector<std::string> Tables_;
   std::map<std::string, int> Numbers_;  // the last key of each table whose rows number themselves
   int* Number_ = nullptr;               // of the table that is being written, when it is one of these
-  std::string Insert_;  // the beginning of a statement that adds rows
-  std::string Rows_;    // not sent yet
+  std::string Insert_;                  // the beginning of a statement that adds rows
+  std::string Rows_;                    // not sent yet
 };
 
 }  // namespace sample
