@@ -235,7 +235,7 @@ std::shared_future<bool> TMariaDBTalk::Cancel() const {
   std::promise<bool> Heard;
   std::shared_future<bool> Result = Heard.get_future().share();
   std::thread(
-      [](TSecondConnection Second, std::promise<bool> Done) {
+      [](const TSecondConnection& Second, std::promise<bool> Done) {
         const bool IsHeard = Second.Kill();
         mysql_thread_end();
         Done.set_value(IsHeard);
