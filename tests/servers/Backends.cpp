@@ -2,10 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QThread>
 #include <QUuid>
 
 #include "sample/SampleCompany.h"
@@ -51,6 +53,28 @@ QString DataOf(const QSqlDatabase& Database) {
   const QString Name = Database.databaseName();
   const auto At = Name.indexOf(QLatin1String("Database="));
   return At < 0 ? Name : Name.mid(At + 9).section(QLatin1Char(';'), 0, 0);
+}
+
+bool IsTo(const QSqlDatabase& Database, bool IsMariaDB) {
+  const QString Driver = Database.driverName();
+  if (Driver == QLatin1String("QODBC"))
+    return Database.databaseName().contains(QLatin1String(IsMariaDB ? MariaDBODBC : PostgreSQLODBC));
+  return Driver == DriverOf(IsMariaDB ? TBackendKind::MariaDB : TBackendKind::PostgreSQL);
+}
+
+// A server ends a session some time after its client has closed it. A test that counts sessions is to meet none of an
+// earlier test's.
+void AwaitClosedSessions(const QSqlDatabase& Beside, bool IsMariaDB) {
+  int Open = 0;
+  for (const QString& Name : QSqlDatabase::connectionNames()) {
+    const QSqlDatabase Database = QSqlDatabase::database(Name, false);
+    if (Database.isOpen() && IsTo(Database, IsMariaDB)) ++Open;
+  }
+  const QString Sessions =
+      IsMariaDB ? QStringLiteral("SELECT COUNT(*) FROM information_schema.processlist WHERE user IN ('root', 'tester')")
+                : QStringLiteral("SELECT COUNT(*) FROM pg_stat_activity WHERE backend_type = 'client backend'");
+  const QDeadlineTimer End(5000);
+  while (TBackend::Value(Beside, Sessions).toInt() > Open && !End.hasExpired()) QThread::msleep(1);
 }
 
 bool Opens(QSqlDatabase Database, QString& Reason) {
@@ -242,6 +266,7 @@ std::unique_ptr<TBackend> TBackends::Open(TBackendKind Kind, const QString& Opti
   QSqlDatabase Database = Connect(Kind, Name, {}, Options);
   if (!Database.isOpen()) qFatal("%s", qPrintable(Database.lastError().text()));
   QSqlDatabase Beside = Connect(Own, Name, {}, {});
+  if (Own != TBackendKind::SQLite) AwaitClosedSessions(Beside, Own == TBackendKind::MariaDB);
   return std::unique_ptr<TBackend>(new TBackend(Kind, Database, Beside, std::move(Folder)));
 }
 
