@@ -73,13 +73,14 @@ void TListReading::ReadAgain() {
   Manner_ = Manner_ == TManner::Shared ? TManner::Alone : TManner::Silent;
 }
 
+// What was begun here and is read without a pause cannot be disturbed, but what was left open before can.
 TListReading::TState TListReading::GoOn(TTime Until) {
   RequireConnected();
-  for (;;) {
+  for (bool IsBegunHere = Cursor_ == nullptr;; IsBegunHere = true) {
     try {
       return ReadOn(Manner_ == TManner::Silent ? TCursor::Forever : Until);
     } catch (const EDisturbed&) {
-      if (!IsShownEarly_ || Manner_ == TManner::Silent) throw;
+      if (!IsShownEarly_ || (Manner_ == TManner::Silent && IsBegunHere)) throw;
     }
     ReadAgain();
   }

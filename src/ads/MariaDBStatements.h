@@ -28,9 +28,8 @@ inline constexpr char End[] = "ROLLBACK AND NO CHAIN NO RELEASE";
 inline constexpr char Savepoint[] = "SAVEPOINT zul_pick_c4f1a90e";
 inline constexpr char BackToSavepoint[] = "ROLLBACK TO SAVEPOINT zul_pick_c4f1a90e";
 inline constexpr char DropSavepoint[] = "RELEASE SAVEPOINT zul_pick_c4f1a90e";
-/// The number of the error where there can be none: the host has used a table of the engine Aria in its
-/// transaction. A query is read
-/// without one then; it changes nothing that would have to be taken back.
+/// The number of the error where there can be none: the host has used a table of the engine Aria in its transaction. A
+/// query is read without one then; it changes nothing that would have to be taken back.
 inline constexpr unsigned NoSavepoints = 1178;
 
 /// A node that its cluster has lost ends nothing that was begun, unless the session allows itself to read what may be

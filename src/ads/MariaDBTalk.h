@@ -10,8 +10,8 @@
 namespace ads {
 
 /// Statements and rows on a borrowed connection of the MariaDB client library, of which none holds up its caller for
-/// longer than it likes. While something is under way, the library refuses every other use of the
-/// connection, which would take the answer for its own.
+/// longer than it likes. While something is under way, the library refuses every other use of the connection, which
+/// would take the answer for its own.
 class TMariaDBTalk {
  public:
   using TTime = std::chrono::steady_clock::time_point;
@@ -25,8 +25,6 @@ class TMariaDBTalk {
   bool IsLost() const;
   /// Whether somebody else is in the midst of a result.
   bool IsBusy() const;
-  /// Whether the server has a transaction open, as its last answer said.
-  bool IsInTransaction() const { return (Handle_->server_status & SERVER_STATUS_IN_TRANS) != 0; }
 
   /// Begins a statement; to be called when nothing is under way.
   void Send(std::string Sql);

@@ -242,6 +242,10 @@ class TScopeByODBC {
   /// Whether what was begun has lasted.
   virtual bool IsStillOpen() { return true; }
 
+  /// The statement has been executed, and the host has not had its turn since. Whether what was begun is ended now,
+  /// before the rows are read.
+  virtual bool EndsBeforeRows() { return false; }
+
   /// Throws what the server has to say about a text that it cannot take, where a failure would cost more than that.
   virtual void Check(const std::string&) const {}
 };
@@ -271,6 +275,19 @@ class TMariaDBByODBC final : public TScopeByODBC {
   }
 
   void Abandon() override { Connection_ = nullptr; }
+
+  /// The savepoint must not be open while the host may write: going back to it would take that back without a word. The
+  /// driver has all rows by now, unless it is set to read them one by one; then it refuses to end anything.
+  bool EndsBeforeRows() override {
+    if (!InHostsTransaction_) return false;  // the server refuses what the host would write
+    try {
+      CloseScope();
+    } catch (const EDatabaseError&) {
+      return false;
+    }
+    Abandon();
+    return true;
+  }
 
  private:
   void Execute(const char* Sql) const { TStatementHandle(Connection_).Execute(Sql); }
@@ -523,6 +540,7 @@ class TODBCCursor final : public TCursor {
       std::this_thread::sleep_for(BetweenQuestions);
     }
     HasExecuted_ = true;
+    if (Scope_ && Scope_->EndsBeforeRows()) Scope_.reset();
     Describe();
     return true;
   }

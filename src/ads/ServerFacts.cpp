@@ -406,12 +406,8 @@ std::string Quoted(const std::string& Name, char Quote) {
 
 // A name of a table or column in a statement that is no query, which a dialect does not rewrite in every place.
 std::string NameFor(const TAdsConnection& Connection, const std::string& Name) {
-  switch (KindOf(Connection.Database())) {
-    case TServerKind::MariaDB:
-      return Quoted(Name, '`');
-    default:
-      return Connection.Dialect().Rewrite("[" + Name + "]");
-  }
+  if (KindOf(Connection.Database()) == TServerKind::MariaDB) return Quoted(Name, '`');
+  return Connection.Dialect().Rewrite("[" + Name + "]");
 }
 
 std::string TableFor(const TAdsConnection& Connection, const std::string& Name) {

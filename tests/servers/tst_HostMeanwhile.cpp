@@ -28,7 +28,7 @@ const TListSource Long("A.Txt", "Longlist A WHERE 0=0", "A.Txt ID");
 /// A host that goes on working over the connection, twenty times a second.
 class THostWork : public QObject {
  public:
-  enum class TBy { Timer, QueuedCall };
+  enum class TBy { Timer, QueuedCall, None };
 
   THostWork(const QSqlDatabase& Database, TBy By) : Database_(Database) {
     connect(&Timer_, &QTimer::timeout, this, &THostWork::Work);
@@ -105,9 +105,12 @@ class tst_HostMeanwhile : public QObject {
       Add(TBackendKind::SQLite, "");
       Add(TBackendKind::OtherSQLite, "");
       Add(TBackendKind::PostgreSQL, "");
+      Add(TBackendKind::MariaDB, "");
       Add(TBackendKind::ODBCSQLite, "");
       Add(TBackendKind::ODBCPostgreSQL, "UseDeclareFetch=0");
       Add(TBackendKind::ODBCPostgreSQL, "UseDeclareFetch=1");
+      Add(TBackendKind::ODBCMariaDB, "");
+      Add(TBackendKind::ODBCMariaDB, "FORWARDONLY=1;NO_CACHE=1");
     }
   }
   bool Open() {
@@ -120,6 +123,10 @@ class tst_HostMeanwhile : public QObject {
     if (Host_ == nullptr) return false;
     Host_->ExecuteBeside("CREATE TABLE longlist (txt VARCHAR(20))");
     Host_->ExecuteBeside("CREATE TABLE worked (nr INTEGER)");
+    if (support::IsOnMariaDB(Kind)) {
+      Host_->ExecuteBeside(
+          QStringLiteral("SET sql_mode = 'PIPES_AS_CONCAT', max_recursive_iterations = %1").arg(Count));
+    }
     Host_->ExecuteBeside(
         QStringLiteral("INSERT INTO longlist WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
                        "%1) SELECT 'row ' || (1000000 + i * 7919 % 1000000) FROM n")
@@ -202,9 +209,41 @@ class tst_HostMeanwhile : public QObject {
     for (const QString& Failure : Failures) qInfo("A statement of the host's failed: %s", qPrintable(Failure));
   }
 
+  // The first rows take the server a while, so that they are disturbed before they are there and again before the rest.
+  void shouldReadToTheEndHoweverOftenItIsDisturbed_data() {
+    QTest::addColumn<TBackendKind>("Kind");
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
+  }
+  void shouldReadToTheEndHoweverOftenItIsDisturbed() {
+    QFETCH(const TBackendKind, Kind);
+    constexpr int Count = 200000;
+    if (!OpenKind(Kind, {}, Count)) return;
+    ads::TAdsQuery List(nullptr);
+    List.SetConnection(Host_->Connection());
+    List.AddField("ID", ads::TFieldType::ftString, 40);
+    List.SetFirstRowsFirst(true);
+    List.SQL()->Add(
+        "SELECT A.Txt ID, UPPER(A.Txt + '-' + A.Txt + '-' + A.Txt) SortFld FROM Longlist A ORDER BY SortFld");
+    THostWork Work(Host_->Database(), THostWork::TBy::None);
+    std::string Failed;
+    List.OnProgress = [&] { Work.Work(); };
+    List.OnRestFailed = [&](const std::string& Message) { Failed = Message; };
+    QVERIFY(List.Open());
+    const int WhileItOpened = Work.Written + static_cast<int>(Work.Failures.size());
+    for (int Time = 0; Time < 20; ++Time) {
+      Work.Work();
+      QTest::qWait(10);
+    }
+    qInfo("The host has worked %d times before the first rows were there.", WhileItOpened);
+    QCOMPARE(QString::fromStdString(Failed), QString());
+    QCOMPARE(List.RecordCount(), Count);
+    List.OnProgress = nullptr;
+    QCOMPARE(Host_->ValueBeside("SELECT COUNT(*) FROM worked").toInt(), Work.Written);
+  }
+
   void shouldNeverLeaveTheEventsAloneForLong_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL}) {
+    for (const TBackendKind Kind : {TBackendKind::SQLite, TBackendKind::PostgreSQL, TBackendKind::MariaDB}) {
       QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
