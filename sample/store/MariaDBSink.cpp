@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "sample/store/ServerTexts.h"
+
 namespace sample {
 
 namespace {
@@ -75,54 +77,10 @@ TAddress ReadAddress(std::string_view Text) {
   return Address;
 }
 
-std::string Lower(std::string_view Name) {
-  std::string Result;
-  for (const char Letter : Name) {
-    Result += Letter >= 'A' && Letter <= 'Z' ? static_cast<char>(Letter - 'A' + 'a') : Letter;
-  }
-  return Result;
-}
-
-std::string Quoted(std::string_view Name) {
-  return '`' + Lower(Name) + '`';
-}
+constexpr TServerTexts Texts({'`', "DOUBLE", "AUTO_INCREMENT"});
 
 std::string Named(std::string_view Beginning, std::string_view Table) {
-  return Quoted(std::string(Beginning) + std::string(Table));
-}
-
-std::string QuotedList(const std::vector<std::string>& Names) {
-  std::string Result;
-  for (const std::string& Name : Names) {
-    Result += (Result.empty() ? "" : ", ") + Quoted(Name);
-  }
-  return Result;
-}
-
-std::string TypeOf(const TColumn& Column) {
-  switch (Column.Type) {
-    case TColumnType::Boolean:
-      return "BOOLEAN";
-    case TColumnType::Date:
-      return "DATE";
-    case TColumnType::Text:
-      return "VARCHAR(" + std::to_string(Column.Size) + ")";
-    case TColumnType::Double:
-      return "DOUBLE";
-    case TColumnType::SmallInt:
-      return "SMALLINT";
-    case TColumnType::Integer:
-      return "INTEGER";
-    case TColumnType::AutoNumber:
-      return "INTEGER AUTO_INCREMENT PRIMARY KEY";
-  }
-  throw std::runtime_error("A column without a type: " + Column.Name);
-}
-
-template <typename T>
-void AppendNumber(std::string& Out, T Value) {
-  char Digits[40];
-  Out.append(Digits, std::to_chars(Digits, Digits + sizeof Digits, Value).ptr);
+  return Texts.Quoted(std::string(Beginning) + std::string(Table));
 }
 
 // The session escapes by a backslash.
@@ -188,8 +146,8 @@ void TMariaDBSink::Execute(const std::string& Sql) {
 }
 
 bool TMariaDBSink::Exists(const std::string& Table) {
-  const std::string Sql =
-      "SELECT 1 FROM information_schema.tables WHERE table_schema = DATABASE() AND table_name = '" + Lower(Table) + "'";
+  const std::string Sql = "SELECT 1 FROM information_schema.tables WHERE table_schema = DATABASE() AND table_name = '" +
+                          TServerTexts::Lower(Table) + "'";
   if (mysql_real_query(Handle_, Sql.data(), Sql.size()) != 0) {
     Fail(Handle_);
   }
@@ -201,16 +159,11 @@ bool TMariaDBSink::Exists(const std::string& Table) {
 
 void TMariaDBSink::CreateTable(const TTable& Table) {
   if (Existing_ == TExisting::Refuse && Exists(Table.Name)) {
-    throw std::runtime_error("The database has a table " + Lower(Table.Name) + " already.");
-  }
-  std::string Columns;
-  for (const TColumn& Column : Table.Columns) {
-    const bool SaysSo = Column.Required && Column.Type != TColumnType::AutoNumber;
-    Columns += (Columns.empty() ? "" : ", ") + Quoted(Column.Name) + ' ' + TypeOf(Column) + (SaysSo ? " NOT NULL" : "");
+    throw std::runtime_error("The database has a table " + TServerTexts::Lower(Table.Name) + " already.");
   }
   Execute("DROP TABLE IF EXISTS " + Named(Fresh, Table.Name));
   Tables_.push_back(Table.Name);
-  Execute("CREATE TABLE " + Named(Fresh, Table.Name) + " (" + Columns +
+  Execute("CREATE TABLE " + Named(Fresh, Table.Name) + " (" + Texts.Columns(Table) +
           ") ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin");
 }
 
@@ -224,7 +177,7 @@ void TMariaDBSink::BeginRows(const TTable& Table, const std::vector<std::string>
     Number_ = &Numbers_[Table.Name];
     All.insert(All.begin(), Column.Name);
   }
-  Insert_ = "INSERT INTO " + Named(Fresh, Table.Name) + " (" + QuotedList(All) + ") VALUES ";
+  Insert_ = "INSERT INTO " + Named(Fresh, Table.Name) + " (" + Texts.QuotedList(All) + ") VALUES ";
 }
 
 void TMariaDBSink::AddRow(std::span<const TValue> Values) {
@@ -261,8 +214,7 @@ void TMariaDBSink::EndRows() {
 }
 
 void TMariaDBSink::CreateIndex(const TIndex& Index) {
-  Execute(std::string(Index.Unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + Quoted(Index.Name) + " ON " +
-          Named(Fresh, Index.Table) + " (" + QuotedList(Index.Columns) + ")");
+  Execute(Texts.CreateIndex(Index, Named(Fresh, Index.Table)));
 }
 
 // All names change at once, or none does.
@@ -271,11 +223,11 @@ void TMariaDBSink::Finish() {
   for (const std::string& Table : Tables_) {
     if (Existing_ == TExisting::Replace && Exists(Table)) {
       Execute("DROP TABLE IF EXISTS " + Named(Former, Table));
-      Renames += (Renames.empty() ? "" : ", ") + Quoted(Table) + " TO " + Named(Former, Table);
+      Renames += (Renames.empty() ? "" : ", ") + Texts.Quoted(Table) + " TO " + Named(Former, Table);
       Formers += (Formers.empty() ? "" : ", ") + Named(Former, Table);
     }
-    Renames += (Renames.empty() ? "" : ", ") + Named(Fresh, Table) + " TO " + Quoted(Table);
-    All += (All.empty() ? "" : ", ") + Quoted(Table);
+    Renames += (Renames.empty() ? "" : ", ") + Named(Fresh, Table) + " TO " + Texts.Quoted(Table);
+    All += (All.empty() ? "" : ", ") + Texts.Quoted(Table);
   }
   Execute("RENAME TABLE " + Renames);
   Tables_.clear();

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "DatabaseTest.h"
+#include "ads/MessageOf.h"
 
 using ads::EDatabaseError;
 using ads::TAdsQuery;
@@ -12,6 +13,7 @@ using ads::TAdsTable;
 using ads::TField;
 using ads::TFieldKind;
 using ads::TFieldType;
+using support::MessageOf;
 
 namespace {
 
@@ -19,15 +21,6 @@ std::vector<std::string> Texts(ads::TDataSet& DataSet, const TField* Field) {
   std::vector<std::string> Result;
   for (DataSet.First(); !DataSet.Eof(); DataSet.Next()) Result.push_back(Field->AsString());
   return Result;
-}
-
-std::string MessageOf(const std::function<void()>& Body) {
-  try {
-    Body();
-  } catch (const EDatabaseError& Error) {
-    return Error.what();
-  }
-  return "nothing was thrown";
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "check/Check.h"
 #include "clusters/Host.h"
@@ -51,8 +52,6 @@ std::string Told(const std::vector<std::string>& Messages) {
 }
 
 }  // namespace
-
-#define VERIFY_CONTAINS(Text, Part) QVERIFY2((Text).find(Part) != std::string::npos, (Text).c_str())
 
 /// Picks through a pooler, which gives a host a server's connection for its session or for a transaction at a time.
 class tst_PgBouncer : public QObject {

@@ -3,29 +3,20 @@
 #include <QTest>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
 #include "servers/OpenOrSkip.h"
 
+using support::MessageOf;
 using support::TBackend;
 using support::TBackendKind;
 
 namespace {
 
-std::string MessageOf(const std::function<void()>& Body) {
-  try {
-    Body();
-  } catch (const ads::EDatabaseError& Error) {
-    return Error.what();
-  }
-  return "nothing was thrown";
-}
-
 constexpr char Lost[] = "The connection to the database is lost; it must be opened again before lists can be read.";
 
 constexpr char Closed[] = "The database connection was closed while rows were being read from it.";
-
-#define VERIFY_CONTAINS(Text, Part) QVERIFY2((Text).find(Part) != std::string::npos, (Text).c_str())
 
 }  // namespace
 

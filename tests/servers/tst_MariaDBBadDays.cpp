@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "picks/parties/uPickCustomer.h"
 #include "sample/SampleCompany.h"
@@ -18,6 +19,7 @@
 
 using support::After;
 using support::DrivePickAs;
+using support::MessageOf;
 using support::TBackend;
 using support::TBackendKind;
 using support::TListDialog;
@@ -31,22 +33,6 @@ constexpr qint64 Moment = 3000;
 const TListSource Slow(
     "UPPER(A.ID)",
     "Cust A, Cust B, Cust C WHERE UPPER(A.Company + '-' + B.Company + '-' + C.Company) LIKE '%NOWHERE%'");
-
-template <typename TError>
-std::string MessageOf(const std::function<void()>& Body) {
-  try {
-    Body();
-  } catch (const TError& Error) {
-    return Error.what();
-  }
-  return "nothing was thrown";
-}
-
-#define VERIFY_CONTAINS(Text, Part)                                        \
-  do {                                                                     \
-    const std::string Given = Text;                                        \
-    QVERIFY2(QString::fromStdString(Given).contains(Part), Given.c_str()); \
-  } while (false)
 
 support::TRun RunPick(const QString& Address) {
   QProcessEnvironment Variables = QProcessEnvironment::systemEnvironment();

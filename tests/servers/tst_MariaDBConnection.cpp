@@ -14,6 +14,7 @@
 #include <map>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "pickbase/PickCall.h"
 #include "picks/parties/uPickCustomer.h"
@@ -89,12 +90,6 @@ QStringList AllRows(const QSqlDatabase& Database, const QString& Sql) {
   }
   return Result;
 }
-
-#define VERIFY_CONTAINS(Text, Part)                                        \
-  do {                                                                     \
-    const std::string Given = Text;                                        \
-    QVERIFY2(QString::fromStdString(Given).contains(Part), Given.c_str()); \
-  } while (false)
 
 }  // namespace
 

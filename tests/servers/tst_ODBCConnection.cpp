@@ -4,10 +4,12 @@
 #include <clocale>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
 #include "zulcommon/Text.h"
 
+using support::MessageOf;
 using support::TBackend;
 using support::TBackendKind;
 
@@ -18,15 +20,6 @@ constexpr char RecordingDriver[] = ZUL_RECORDING_ODBC;
 #else
 constexpr char RecordingDriver[] = "";
 #endif
-
-std::string MessageOf(const std::function<void()>& Body) {
-  try {
-    Body();
-  } catch (const ads::EDatabaseError& Error) {
-    return Error.what();
-  }
-  return "nothing was thrown";
-}
 
 /// A SQLite database behind a driver that says it is another server and records what it is given.
 class TRecorded {

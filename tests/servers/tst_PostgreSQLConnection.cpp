@@ -3,22 +3,15 @@
 #include <QTest>
 
 #include "ads/Ads.h"
+#include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
 
+using support::MessageOf;
 using support::TBackend;
 using support::TBackendKind;
 
 namespace {
-
-std::string MessageOf(const std::function<void()>& Body) {
-  try {
-    Body();
-  } catch (const ads::EDatabaseError& Error) {
-    return Error.what();
-  }
-  return "nothing was thrown";
-}
 
 // The memory of this process that is in use, in bytes.
 qint64 ResidentBytes() {
