@@ -139,6 +139,11 @@ QVariant TBackend::Value(const QSqlDatabase& Database, const QString& Sql) {
   return Query.next() ? Query.value(0) : QVariant();
 }
 
+sqlite3* SQLiteOf(const TBackend& Backend) {
+  if (DriverOf(Backend.Kind()) != QLatin1String("QSQLITE")) return nullptr;
+  return *static_cast<sqlite3* const*>(Backend.Database().driver()->handle().constData());
+}
+
 TBackends::TBackends() : Server_(std::make_unique<TThrowawayPostgreSQL>()) {
   if (!Server_->IsRunning()) return;
   QSqlDatabase Database = Server_->Connect(QStringLiteral("company"));

@@ -12,6 +12,8 @@
 #include "ads/ThrowawayMariaDB.h"
 #include "ads/ThrowawayPostgreSQL.h"
 
+struct sqlite3;
+
 namespace support {
 
 /// The kinds of connection over which a pick must give the same.
@@ -75,6 +77,9 @@ class TBackend {
   QSqlDatabase Beside_;
   std::unique_ptr<ads::TAdsConnection> Connection_;
 };
+
+/// The handle of the host's connection where Qt's own driver for SQLite reaches it; null for every other kind.
+sqlite3* SQLiteOf(const TBackend& Backend);
 
 /// The kinds of connection, with a PostgreSQL server and, once it is asked for, a MariaDB server of the test program's
 /// own; one of these a program. The company is generated once a server and copied for each backend.

@@ -110,15 +110,11 @@ THostileTrial::THostileTrial(THostileBackends& Backends, TBackend& Backend)
 }
 
 void THostileTrial::WatchTime() {
-  if (Backend_.Kind() != TBackendKind::SQLite) return;
-  auto* Handle = *static_cast<sqlite3* const*>(Backend_.Database().driver()->handle().constData());
-  sqlite3_progress_handler(Handle, 10000, Progress, this);
+  if (sqlite3* Handle = SQLiteOf(Backend_)) sqlite3_progress_handler(Handle, 10000, Progress, this);
 }
 
 THostileTrial::~THostileTrial() {
-  if (Backend_.Kind() != TBackendKind::SQLite) return;
-  auto* Handle = *static_cast<sqlite3* const*>(Backend_.Database().driver()->handle().constData());
-  sqlite3_progress_handler(Handle, 0, nullptr, nullptr);
+  if (sqlite3* Handle = SQLiteOf(Backend_)) sqlite3_progress_handler(Handle, 0, nullptr, nullptr);
 }
 
 int THostileTrial::Progress(void* Self) {

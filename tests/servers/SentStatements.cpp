@@ -128,7 +128,8 @@ void RecordStatements(TBackends& Backends) {
 TSentStatements::TSentStatements(TBackend& Backend, TBackends& Backends) : Backend_(Backend) {
   switch (Backend.Kind()) {
     case TBackendKind::SQLite:
-      Handle_ = *static_cast<sqlite3* const*>(Backend.Database().driver()->handle().constData());
+    case TBackendKind::OtherSQLite:
+      Handle_ = SQLiteOf(Backend);
       sqlite3_trace_v2(Handle_, SQLITE_TRACE_STMT, Trace, this);
       break;
     case TBackendKind::ODBCSQLite:

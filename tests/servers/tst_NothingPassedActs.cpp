@@ -69,7 +69,7 @@ class tst_NothingPassedActs : public QObject {
 
   void shouldOnlyCompareWithWhatIsPassed_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void shouldOnlyCompareWithWhatIsPassed() {
     QFETCH(TBackendKind, Kind);

@@ -145,7 +145,7 @@ class tst_NothingStoredActs : public QObject {
 
   void shouldOnlyShowWhatIsStored_data() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
   void shouldOnlyShowWhatIsStored() {
     QFETCH(TBackendKind, Kind);

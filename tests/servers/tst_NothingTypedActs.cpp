@@ -124,13 +124,13 @@ class tst_NothingTypedActs : public QObject {
 
   void AddBackends() {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) QTest::newRow(support::NameOf(Kind)) << Kind;
+    for (const TBackendKind Kind : support::EveryBackend) QTest::newRow(support::NameOf(Kind)) << Kind;
   }
 
  private slots:
   void initTestCase() {
     Backends_ = std::make_unique<support::THostileBackends>();
-    for (const TBackendKind Kind : support::AllBackends) {
+    for (const TBackendKind Kind : support::EveryBackend) {
       if (Backends_->Missing(Kind).isEmpty()) Open_[Kind] = Backends_->Open(Kind);
     }
   }

@@ -42,7 +42,7 @@ class tst_ReadingOnlyProof : public QObject {
 
   void AddBackends(bool OnlyPostgreSQL = false) {
     QTest::addColumn<TBackendKind>("Kind");
-    for (const TBackendKind Kind : support::AllBackends) {
+    for (const TBackendKind Kind : support::EveryBackend) {
       if (!OnlyPostgreSQL || support::IsOnPostgreSQL(Kind)) QTest::newRow(support::NameOf(Kind)) << Kind;
     }
   }
