@@ -38,7 +38,7 @@ completed() {
   COMP_WORDS=("$@")
   COMP_CWORD=$(($# - 1))
   COMPREPLY=()
-  "_$1"
+  "$(complete -p "$1" | sed 's/.*-F \([^ ]*\).*/\1/')"
   echo "${COMPREPLY[*]}"
 }
 offers() {
@@ -63,4 +63,8 @@ offers "" zulpick customer --entity M
 offers "$folder/zulpick $folder/zulpick.1" zulpick --db "$folder/zulpick"
 offers "$folder/zulsample $folder/zulsample.1" zulsample "$folder/zulsample"
 offers "--scale --seed" zulsample --s
-complete -p zulhost | grep -q _zulpick || fail "zulhost has no completion."
+offers "customer customer-email customer-po" zulhost cus
+offers "--types" zulhost oe-doc --t
+offers "--format" zulpick --for
+offers "" zulhost --for
+offers "--db --date-format" zulhost --d
