@@ -32,15 +32,6 @@ std::vector<std::string> Behind(std::vector<std::string> All) {
   return All;
 }
 
-// The options that zulhost has no use for.
-std::vector<std::string> PickOnlyWords() {
-  std::vector<std::string> Result;
-  for (const TCommonOption& Option : Options()) {
-    if (Option.OnlyPick) Result.push_back(OptionWord(Option.Text.Name));
-  }
-  return Result;
-}
-
 // What offers the value of an option: files, the words of "text|json", or nothing where only the user knows.
 std::string ValueRule(const manual::TOption& Option) {
   if (Option.Value == "FILE" || Option.Value == "ADDRESS") return "files=1";
@@ -143,8 +134,9 @@ std::string PickCompletion(const catalog::TCatalog& Catalog) {
   Result += "  if ! _zulpick_value \"$before\" \"$pick\" \"$equals\" &&\n";
   Result += "    { [[ -z $equals ]] || ! _zulpick_value \"$before\" \"$pick\" ''; }; then\n";
   Result += "    [[ -z $equals ]] || return\n    _zulpick_options \"$pick\"\n";
-  Result += "    words+=" + Words(Behind(OptionWords(HostManual().Options))) + "\n";
-  Result += "    [[ ${COMP_WORDS[0]##*/} == zulhost ]] || words+=" + Words(Behind(PickOnlyWords())) + "\n";
+  Result += "    if [[ ${COMP_WORDS[0]##*/} == zulhost ]]; then\n";
+  Result += "      words+=" + Words(Behind(OptionWords(HostManual().Options))) + "\n    else\n";
+  Result += "      words+=" + Words(Behind(OptionWords(PickManual().Options))) + "\n    fi\n";
   Result += "    [[ -n $pick || $current == -* ]] || words=$picks\n  fi";
   Result += Answers;
   return Result + "}\n\ncomplete -F _zulpick zulpick zulhost\n";

@@ -1,11 +1,9 @@
 #include <malloc.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "ads/ProcessMemory.h"
 #include "apps/command/OpenDatabase.h"
 #include "catalog/Catalog.h"
 #include "support/PickDriver.h"
@@ -70,11 +69,9 @@ void TellTime(const char* Operation, const QElapsedTimer& Since) {
   Tell("time " + std::string(Operation) + ' ' + std::to_string(static_cast<double>(Since.nsecsElapsed()) / 1e6));
 }
 
-long ResidentKiB() {
+qint64 ResidentKiB() {
   malloc_trim(0);
-  QFile Status(QStringLiteral("/proc/self/statm"));
-  if (!Status.open(QIODevice::ReadOnly)) return 0;
-  return Status.readAll().split(' ').value(1).toLong() * (sysconf(_SC_PAGESIZE) / 1024);
+  return ProcessKiB("self", "status", "VmRSS");
 }
 
 class TUser {

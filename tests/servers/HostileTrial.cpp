@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <QFile>
-#include <QSqlDriver>
 #include <QSqlQuery>
 
 #include "ads/Cursor.h"

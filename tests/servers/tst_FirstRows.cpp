@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSqlDriver>
 #include <QTest>
 #include <algorithm>
 
@@ -408,8 +407,7 @@ class tst_FirstRows : public QObject {
 
   void LeftNothing() {
     if (Host_->Kind() == TBackendKind::SQLite) {
-      const QVariant Driver = Host_->Database().driver()->handle();
-      QVERIFY(sqlite3_next_stmt(*static_cast<sqlite3* const*>(Driver.constData()), nullptr) == nullptr);
+      QVERIFY(sqlite3_next_stmt(support::SQLiteOf(*Host_), nullptr) == nullptr);
       return;
     }
     if (Host_->Kind() == TBackendKind::MariaDB) {

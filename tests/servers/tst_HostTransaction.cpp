@@ -1,6 +1,5 @@
 #include <sqlite3.h>
 
-#include <QSqlDriver>
 #include <QTest>
 
 #include "ads/Ads.h"
@@ -266,9 +265,7 @@ class tst_HostTransaction : public QObject {
   }
 
   void LeavesNothingInSQLite(bool InTransaction) {
-    sqlite3* Handle = nullptr;
-    const QVariant Driver = Host_->Database().driver()->handle();
-    if (Host_->Kind() == TBackendKind::SQLite) Handle = *static_cast<sqlite3* const*>(Driver.constData());
+    sqlite3* Handle = support::SQLiteOf(*Host_);
     if (InTransaction) QVERIFY(Host_->Database().transaction());
     if (InTransaction) Host_->Execute("INSERT INTO area (zip) VALUES ('mine')");
     ReadInEveryWay();

@@ -15,6 +15,7 @@
 
 #include "ads/Ads.h"
 #include "ads/MessageOf.h"
+#include "ads/ProcessMemory.h"
 #include "ads/Values.h"
 #include "pickbase/PickCall.h"
 #include "picks/parties/uPickCustomer.h"
@@ -74,9 +75,7 @@ std::string MessageOf(const std::function<void()>& Body) {
 }
 
 qint64 ResidentBytes() {
-  QFile File("/proc/self/statm");
-  if (!File.open(QIODevice::ReadOnly)) return 0;
-  return File.readAll().split(' ').at(1).toLongLong() * 4096;
+  return ProcessKiB("self", "status", "VmRSS") * 1024;
 }
 
 QStringList AllRows(const QSqlDatabase& Database, const QString& Sql) {

@@ -291,7 +291,7 @@ class tst_OtherSQLite : public QObject {
 
   void shouldSayThatSomebodyElseEndedTheQuery() {
     const auto Other = Backends_->Open(support::TBackendKind::OtherSQLite);
-    auto* Handle = *static_cast<sqlite3* const*>(Other->Database().driver()->handle().constData());
+    sqlite3* Handle = support::SQLiteOf(*Other);
     sqlite3_progress_handler(
         Handle, 1000, [](void*) { return 1; }, nullptr);
     const auto Cursor = Other->Connection()->OpenCursor("SELECT COUNT(*) X FROM Cust A, Cust B");

@@ -1,9 +1,9 @@
-#include <QFile>
 #include <QSqlDriver>
 #include <QTest>
 
 #include "ads/Ads.h"
 #include "ads/MessageOf.h"
+#include "ads/ProcessMemory.h"
 #include "ads/Values.h"
 #include "servers/Backends.h"
 
@@ -15,9 +15,7 @@ namespace {
 
 // The memory of this process that is in use, in bytes.
 qint64 ResidentBytes() {
-  QFile File("/proc/self/statm");
-  if (!File.open(QIODevice::ReadOnly)) return 0;
-  return File.readAll().split(' ').at(1).toLongLong() * 4096;
+  return ProcessKiB("self", "status", "VmRSS") * 1024;
 }
 
 }  // namespace

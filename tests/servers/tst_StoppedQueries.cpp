@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSqlDriver>
 #include <QTest>
 #include <csignal>
 #include <thread>
@@ -107,10 +106,7 @@ class tst_StoppedQueries : public QObject {
     return true;
   }
   QStringList Rows(const std::string& Sql) { return Values(*Host_->Connection(), Sql); }
-  sqlite3* Handle() const {
-    const QVariant Driver = Host_->Database().driver()->handle();
-    return *static_cast<sqlite3* const*>(Driver.constData());
-  }
+  sqlite3* Handle() const { return support::SQLiteOf(*Host_); }
 
   // What the session does, as others see it.
   QString Activity() const {
