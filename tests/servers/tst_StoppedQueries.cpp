@@ -373,13 +373,17 @@ class tst_StoppedQueries : public QObject {
     QFETCH(const TBackendKind, Kind);
     // SQLite's driver for ODBC reads the whole result before it gives the first row.
     if (!OpenKind(Kind, Kind == TBackendKind::ODBCPostgreSQL ? "UseDeclareFetch=1" : "")) return;
+    // So many rows that they do not all come before the last call, even while a busy machine gives this process few
+    // turns; by ODBC no more than a driver can take at once.
+    const std::string Sql =
+        support::IsByODBC(Kind) ? "SELECT A.ID FROM Cust A, Cust B" : "SELECT A.ID FROM Cust A, Cust B, Cust C";
     for (const bool InTransaction : {false, true}) {
       if (InTransaction) QVERIFY(Host_->Database().transaction());
       for (int Calls = 1; Calls < 4; ++Calls) {
         ads::TAdsQuery List(nullptr);
         List.SetConnection(Host_->Connection());
         List.AddField("ID", ads::TFieldType::ftString, 10);
-        List.SQL()->Add("SELECT A.ID FROM Cust A, Cust B");
+        List.SQL()->Add(Sql);
         int Call = 0;
         List.OnProgress = [&] {
           if (++Call == Calls) List.Stop();
