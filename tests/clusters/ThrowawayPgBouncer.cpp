@@ -68,7 +68,7 @@ bool TThrowawayPgBouncer::WriteSettings(const TThrowawayPostgreSQL& Server, TMod
 bool TThrowawayPgBouncer::Start() {
   RunAs(Pooler_, Account(), SIGQUIT);
   Pooler_.setStandardOutputFile(QProcess::nullDevice());
-  Pooler_.setStandardErrorFile(Folder_.filePath("log"));
+  Pooler_.setStandardErrorFile(LogName(), QIODevice::Append);
   Pooler_.start(Program_, {Folder_.filePath("pgbouncer.ini")});
   QElapsedTimer Waiting;
   for (Waiting.start(); Waiting.elapsed() < 10000; QThread::msleep(20)) {
@@ -82,6 +82,15 @@ void TThrowawayPgBouncer::Stop() {
   Pooler_.terminate();
   if (!Pooler_.waitForFinished(5000)) Pooler_.kill();
   Pooler_.waitForFinished();
+}
+
+QString TThrowawayPgBouncer::LogName() const {
+  return Folder_.filePath("log");
+}
+
+QString TThrowawayPgBouncer::Log() const {
+  QFile File(LogName());
+  return File.open(QIODevice::ReadOnly) ? QString::fromUtf8(File.readAll()) : QString();
 }
 
 bool TThrowawayPgBouncer::Restart() {

@@ -34,6 +34,9 @@ class TThrowawayPgBouncer {
   /// What its console answers to a command: a line for each row, "name=value" for each of its columns.
   QStringList Ask(const QString& Command) const;
 
+  /// What it has written about itself since it was started for the first time.
+  QString Log() const;
+
   /// Ends it at once, whoever is connected, and starts it again; false when it does not come.
   void Stop();
   bool Restart();
@@ -41,6 +44,7 @@ class TThrowawayPgBouncer {
  private:
   bool WriteSettings(const TThrowawayPostgreSQL& Server, TMode Mode, const QStringList& Settings) const;
   bool Start();
+  QString LogName() const;
 
   QTemporaryDir Folder_;
   QString Program_;

@@ -10,8 +10,9 @@
 #include "servers/ListDialog.h"
 #include "support/PickDriver.h"
 
-using support::After;
+using support::AwaitSilently;
 using support::NewName;
+using support::Once;
 using support::TBackend;
 using support::TBackendKind;
 using support::THost;
@@ -49,12 +50,14 @@ class tst_HotStandby : public QObject {
     return std::make_unique<THost>(Standby_->Connect(NewName(), Company_->Database().databaseName()));
   }
 
-  // Until the standby has what the primary has done.
-  bool HasCaughtUp() const {
-    const QString Place = Company_->ValueBeside("SELECT pg_current_wal_flush_lsn()").toString();
+  // Until the standby has done, or has heard of, what the primary has done.
+  bool HasCaughtUp() const { return IsAtThePrimarys("pg_last_wal_replay_lsn()"); }
+  bool HasHeard() const { return IsAtThePrimarys("pg_last_wal_receive_lsn()"); }
+  bool IsAtThePrimarys(const QString& Place) const {
+    const QString Primarys = Company_->ValueBeside("SELECT pg_current_wal_flush_lsn()").toString();
     const THost Watch(Standby_->Connect(NewName()));
-    const QString Question = QStringLiteral("SELECT pg_last_wal_replay_lsn() >= '%1'").arg(Place);
-    return QTest::qWaitFor([&] { return Watch.Value(Question) == "true"; }, 20000);
+    const QString Question = QStringLiteral("SELECT %1 >= '%2'").arg(Place, Primarys);
+    return AwaitSilently([&] { return Watch.Value(Question) == "true"; });
   }
 
   int Customers() { return Values(*Host_->Connection(), "SELECT COUNT(*) X FROM Cust").value(0).toInt(); }
@@ -68,7 +71,11 @@ class tst_HotStandby : public QObject {
   // Has a query sleep on the standby, and the primary take away what it reads.
   void FindWhile(TListDialog& Dialog, const QStringList& PrimaryDoes) {
     Dialog.Source = Sleeping;
-    After(&Dialog, 150, [this, PrimaryDoes] {
+    const auto Watch = std::make_shared<const THost>(Standby_->Connect(NewName()));
+    const auto Sleeps = [Watch] {
+      return Watch->Value("SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event = 'PgSleep'") == "1";
+    };
+    Once(&Dialog, Sleeps, [this, PrimaryDoes] {
       for (const QString& Sql : PrimaryDoes) Company_->ExecuteBeside(Sql);
     });
     support::TypeFind(Dialog, "c0");
@@ -192,6 +199,7 @@ class tst_HotStandby : public QObject {
     QVERIFY(!Dialog->qryList_->IsComplete());
     for (const char* Sql : {"BEGIN", "LOCK TABLE cust IN ACCESS EXCLUSIVE MODE", "COMMIT"})
       Company_->ExecuteBeside(Sql);
+    QVERIFY(HasHeard());  // before the list has read on to its end
     QTRY_COMPARE(Boxes_->Messages().size(), std::size_t{1});
     QCOMPARE(Told(), QStringList({Cancelled, LockHeld}).join('\n'));
     QVERIFY(Dialog->qryList_->KnownRows() >= 1000);

@@ -79,8 +79,20 @@ class TListDialogOf : public TBase {
 using TListDialog = TListDialogOf<uDocPickBase::TDocPickBase>;
 using TTickDialog = TListDialogOf<uDocPickMultiBase::TDocPickMultiBase>;
 
-/// Does something once, after so many milliseconds of a dialog's event loop. Its timer is the dialog's own, so that it
+/// Does something once it is time, which is asked in a dialog's event loop. The timer is the dialog's own, so that it
 /// is not held back while a query runs.
+inline void Once(QObject* Dialog, std::function<bool()> IsTime, std::function<void()> Do) {
+  auto* Timer = new QTimer(Dialog);
+  QObject::connect(Timer, &QTimer::timeout, Timer, [Timer, IsTime = std::move(IsTime), Do = std::move(Do)] {
+    if (!IsTime()) return;
+    Timer->stop();
+    Timer->deleteLater();
+    Do();
+  });
+  Timer->start(20);
+}
+
+/// Does something once, after so many milliseconds of a dialog's event loop, by a timer like that of `Once`.
 inline void After(QObject* Dialog, int Milliseconds, std::function<void()> Do) {
   auto* Timer = new QTimer(Dialog);
   Timer->setSingleShot(true);
