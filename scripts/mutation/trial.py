@@ -60,10 +60,8 @@ class Test:
 
     def __init__(self, entry):
         self.name = entry["name"]
-        # ctest does not tell the command of what is not built yet.
-        self.command = entry.get("command", [str(BUILD / "tests" / self.name)])
         # A crash is a verdict; nobody reads where it was.
-        self.command.append("-nocrashhandler")
+        self.command = [*entry.get("command", []), "-nocrashhandler"]
         self.environment = {}
         self.seconds = None
         for item in entry.get("properties", []):
