@@ -1,12 +1,12 @@
 #include "ads/ThrowawayPostgreSQL.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QThread>
 #include <QUuid>
 #include <utility>
+
+#include "ads/Await.h"
 
 namespace {
 
@@ -99,13 +99,11 @@ bool TThrowawayPostgreSQL::Start() {
   for (const QString& Setting : Options_.Settings) Arguments << "-c" << Setting;
   Server_.start(Programs_ + "/postgres", Arguments);
   const QString Probe = QUuid::createUuid().toString();
-  QElapsedTimer Waiting;
-  for (Waiting.start(); Waiting.elapsed() < 20000; QThread::msleep(50)) {
+  return support::Await([&] {
     const bool Answers = Connect(Probe).isOpen();
     QSqlDatabase::removeDatabase(Probe);
-    if (Answers) return true;
-  }
-  return false;
+    return Answers;
+  });
 }
 
 QSqlDatabase TThrowawayPostgreSQL::Connect(const QString& ConnectionName, const QString& DatabaseName) const {

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <QDeadlineTimer>
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QThread>
 #include <QUuid>
-#include <functional>
 #include <memory>
 #include <utility>
 
@@ -17,14 +14,6 @@ namespace support {
 /// A name that no connection has yet.
 inline QString NewName() {
   return QUuid::createUuid().toString();
-}
-
-/// Waits for something without serving events, in which a list would read on; false when it has not come in time.
-inline bool AwaitSilently(const std::function<bool()>& IsThere) {
-  for (const QDeadlineTimer End(20000); !IsThere(); QThread::msleep(10)) {
-    if (End.hasExpired()) return false;
-  }
-  return true;
 }
 
 /// A host's connection that is open, and is closed and forgotten with the object.

@@ -1,17 +1,17 @@
 #include "clusters/ThrowawayGalera.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QSqlQuery>
 #include <QStandardPaths>
-#include <QThread>
 #include <QUuid>
-#include <functional>
+#include <chrono>
 #include <utility>
+
+#include "ads/Await.h"
 
 namespace {
 
-constexpr int Patience = 60000;
+constexpr std::chrono::seconds Patience(60);
 
 QString Provider() {
   for (const char* Folder : {"/usr/lib/galera", "/usr/lib64/galera-4", "/usr/lib64/galera"}) {
@@ -46,14 +46,6 @@ QStringList NodeSettings(const TPlaces& Own, const QStringList& Members, int Ind
           "wsrep-sst-method=rsync",
           "wsrep-sst-receive-address=" + Local(Own.Copies),
           "innodb-log-file-size=48M"};
-}
-
-bool Wait(const std::function<bool()>& IsDone) {
-  QElapsedTimer Waiting;
-  for (Waiting.start(); Waiting.elapsed() < Patience; QThread::msleep(50)) {
-    if (IsDone()) return true;
-  }
-  return false;
 }
 
 QString Ask(const QSqlDatabase& Database, const QString& Sql) {
@@ -142,7 +134,7 @@ QSqlDatabase TThrowawayGalera::Connect(int Index, const QString& ConnectionName,
 
 bool TThrowawayGalera::Isolate(int Index) {
   return Tell(Node(Index), "SET GLOBAL wsrep_provider_options = 'gmcast.isolate=1'") &&
-         Wait([&] { return StatusOf(Node(Index), "wsrep_ready") == QLatin1String("OFF"); });
+         support::Await([&] { return StatusOf(Node(Index), "wsrep_ready") == QLatin1String("OFF"); }, Patience);
 }
 
 bool TThrowawayGalera::Rejoin(int Index) {
@@ -163,10 +155,11 @@ bool TThrowawayGalera::IsSynced(int Index, int Members) const {
 }
 
 bool TThrowawayGalera::WaitUntilSynced(int Members) const {
-  return Wait([&] {
+  const auto AreSynced = [&] {
     for (int Index = 0; Index < Count; ++Index) {
       if (Nodes_[static_cast<std::size_t>(Index)]->IsStarted() && !IsSynced(Index, Members)) return false;
     }
     return true;
-  });
+  };
+  return support::Await(AreSynced, Patience);
 }

@@ -2,12 +2,12 @@
 
 #include <libpq-fe.h>
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QStandardPaths>
-#include <QThread>
+#include <chrono>
 #include <memory>
 
+#include "ads/Await.h"
 #include "ads/ServerProcess.h"
 
 namespace {
@@ -70,11 +70,7 @@ bool TThrowawayPgBouncer::Start() {
   Pooler_.setStandardOutputFile(QProcess::nullDevice());
   Pooler_.setStandardErrorFile(LogName(), QIODevice::Append);
   Pooler_.start(Program_, {Folder_.filePath("pgbouncer.ini")});
-  QElapsedTimer Waiting;
-  for (Waiting.start(); Waiting.elapsed() < 10000; QThread::msleep(20)) {
-    if (!Ask("SHOW VERSION").isEmpty()) return true;
-  }
-  return false;
+  return support::Await([this] { return !Ask("SHOW VERSION").isEmpty(); }, std::chrono::seconds(10));
 }
 
 void TThrowawayPgBouncer::Stop() {

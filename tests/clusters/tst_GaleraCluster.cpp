@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "ads/Ads.h"
+#include "ads/Await.h"
 #include "ads/Values.h"
 #include "clusters/Balancer.h"
 #include "clusters/ThrowawayGalera.h"
@@ -209,12 +210,8 @@ class tst_GaleraCluster : public QObject {
   void ChangeAsOther(int Node, int HostsNode, const QString& Text) const {
     const TOther Winner(*Cluster_, Node, "winner"), Watcher(*Cluster_, HostsNode, "watcher");
     QVERIFY(Winner.Execute(QStringLiteral("UPDATE cust SET company = '%1' WHERE id = 'C00001'").arg(Text)));
-    // Without an event loop, in which a list would be read on.
-    QElapsedTimer Waiting;
-    for (Waiting.start(); Watcher.Value("SELECT company FROM cust WHERE id = 'C00001'").toString() != Text;) {
-      QVERIFY(Waiting.elapsed() < 20000);
-      QThread::msleep(20);
-    }
+    QVERIFY(support::Await(
+        [&] { return Watcher.Value("SELECT company FROM cust WHERE id = 'C00001'").toString() == Text; }));
   }
 
  private slots:

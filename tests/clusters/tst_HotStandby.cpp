@@ -4,13 +4,14 @@
 #include <QTest>
 
 #include "ads/Ads.h"
+#include "ads/Await.h"
 #include "ads/Values.h"
 #include "check/Check.h"
 #include "clusters/Host.h"
 #include "servers/ListDialog.h"
 #include "support/PickDriver.h"
 
-using support::AwaitSilently;
+using support::Await;
 using support::NewName;
 using support::Once;
 using support::TBackend;
@@ -57,7 +58,7 @@ class tst_HotStandby : public QObject {
     const QString Primarys = Company_->ValueBeside("SELECT pg_current_wal_flush_lsn()").toString();
     const THost Watch(Standby_->Connect(NewName()));
     const QString Question = QStringLiteral("SELECT %1 >= '%2'").arg(Place, Primarys);
-    return AwaitSilently([&] { return Watch.Value(Question) == "true"; });
+    return Await([&] { return Watch.Value(Question) == "true"; });
   }
 
   int Customers() { return Values(*Host_->Connection(), "SELECT COUNT(*) X FROM Cust").value(0).toInt(); }

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "ads/Ads.h"
+#include "ads/Await.h"
 #include "ads/MessageOf.h"
 #include "ads/Values.h"
 #include "check/Check.h"
@@ -18,7 +19,7 @@
 #include "support/PickDriver.h"
 
 using support::After;
-using support::AwaitSilently;
+using support::Await;
 using support::DrivePickAs;
 using support::NewName;
 using support::TBackend;
@@ -313,7 +314,7 @@ class tst_PgBouncer : public QObject {
       THost Its(Pooler_->Connect(NewName(), Name));
       Found = CustomersOrNone(Its);
     });
-    QVERIFY2(AwaitSilently([this] { return Pool() == "1 given, 1 waiting"; }), qPrintable(Pool()));
+    QVERIFY2(Await([this] { return Pool() == "1 given, 1 waiting"; }), qPrintable(Pool()));
     QCOMPARE(Found, -1);
     QTRY_COMPARE_WITH_TIMEOUT(Found, 1000, 60000);
     QVERIFY(Dialog->qryList_->IsComplete());

@@ -2,14 +2,14 @@
 
 #include <sqlite3.h>
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QThread>
 #include <QUuid>
+#include <chrono>
 
+#include "ads/Await.h"
 #include "sample/SampleCompany.h"
 
 namespace support {
@@ -73,8 +73,7 @@ void AwaitClosedSessions(const QSqlDatabase& Beside, bool IsMariaDB) {
   const QString Sessions =
       IsMariaDB ? QStringLiteral("SELECT COUNT(*) FROM information_schema.processlist WHERE user IN ('root', 'tester')")
                 : QStringLiteral("SELECT COUNT(*) FROM pg_stat_activity WHERE backend_type = 'client backend'");
-  const QDeadlineTimer End(5000);
-  while (TBackend::Value(Beside, Sessions).toInt() > Open && !End.hasExpired()) QThread::msleep(1);
+  Await([&] { return TBackend::Value(Beside, Sessions).toInt() <= Open; }, std::chrono::seconds(5));
 }
 
 bool Opens(QSqlDatabase Database, QString& Reason) {

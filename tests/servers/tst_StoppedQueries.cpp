@@ -21,6 +21,7 @@
 
 using support::After;
 using support::DrivePickAs;
+using support::Once;
 using support::TBackend;
 using support::TBackendKind;
 using support::TListDialog;
@@ -495,14 +496,11 @@ class tst_StoppedQueries : public QObject {
                                QElapsedTimer Clock;
                                Dialog->Source = TListSource("A.ID", "Cust A, Cust B WHERE 0=0", "A.ID + '-' + B.ID ID");
                                Bytes == 0 ? Proxy.Stall() : Proxy.StallAfter(Bytes);
-                               QTimer Timer(Dialog.get());
-                               connect(&Timer, &QTimer::timeout, &Timer, [&] {
-                                 if (!Proxy.IsStalled()) return;
-                                 Timer.stop();
+                               const auto IsStalled = [&Proxy] { return Proxy.IsStalled(); };
+                               Once(Dialog.get(), IsStalled, [&] {
                                  Clock.start();
                                  PressEscape(Dialog->edFind);
                                });
-                               Timer.start(IntoTheQuery);
                                support::ClickBox(Dialog->ckbDesc);
                                if (!Clock.isValid())
                                  QTest::keyClick(Dialog->dbgAvail, Qt::Key_End);  // the page is there
