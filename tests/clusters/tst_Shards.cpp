@@ -164,7 +164,7 @@ class tst_Shards : public QObject {
                                  });
                                  support::ClickBox(Dialog->ckbDesc);
                                  Dialog->Source = {};
-                                 QVERIFY(Clock.isValid() && Clock.elapsed() < 10000);
+                                 QVERIFY(Clock.isValid() && Clock.elapsed() < 3000);
                                  QVERIFY(Dialog->isVisible());
                                  QTRY_COMPARE(Sleepers(), QString("0"));
                                  FindsAgain(*Dialog);
